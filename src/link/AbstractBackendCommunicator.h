@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "data/BackendDataCache.h"
+#include "link/BackendReplyHandler.h"
+#include "link/LinkTimings.h"
+#include "link/document/ZmqMessageHeader.h"
+#include "model/Actions.h"
+#include "model/Devices.h"
+#include "model/DeviceTypeInfo.h"
+#include "model/Result.h"
+#include "model/Site.h"
+#include "model/TimeInfo.h"
+#include "model/UserInfo.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QHash>
+#include <QList>
+#include <QMutex>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+#include <QVersionNumber>
+#include <atomic>
+#include <boost/optional.hpp>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace nzmqt {
+class PollingZMQContext;
+class ZMQSocket;
+}
+
+// The client of the server: owns both sockets, sends requests, matches replies to callbacks, watches time-outs, keeps
+// the link alive by pinging, and knows its status. What the documents mean is the derived class's business.
+// Lives on the main thread; operations called elsewhere post themselves there. QML knows it as "Backend".
+class AbstractBackendCommunicator : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString address READ getAddress WRITE setAddress NOTIFY addressChanged)
+    Q_PROPERTY(int controlPort READ getControlPort WRITE setControlPort NOTIFY controlPortChanged)
+    Q_PROPERTY(int updatePort READ getUpdatePort WRITE setUpdatePort NOTIFY updatePortChanged)
+    Q_PROPERTY(QString userGroup READ getUserGroup NOTIFY userGroupChanged)
+    Q_PROPERTY(int status READ getStatus NOTIFY statusChanged)
+    Q_PROPERTY(bool publicationsAlive READ getPublicationsAlive NOTIFY publicationsAliveChanged)
+    Q_PROPERTY(int versionMajor READ getVersionMajor NOTIFY serverVersionChanged)
+    Q_PROPERTY(int versionMinor READ getVersionMinor NOTIFY serverVersionChanged)
+    Q_PROPERTY(int versionPatch READ getVersionPatch NOTIFY serverVersionChanged)
+    Q_PROPERTY(QString login READ getCurrentLogin NOTIFY userCredentialsChanged)
+    Q_PROPERTY(QString password READ getCurrentPassword NOTIFY userCredentialsChanged)
+
+public:
+    enum Status { Disconnected = 0, Connecting = 1, Connected = 2 };
+    Q_ENUM(Status)
+
+    using Done = std::function<void()>;
+    using UidsCallback = std::function<void(const std::vector<QUuid> &uids)>;
+    using UsersCallback = std::function<void(const std::vector<Model::UserInfo> &users)>;
+    using BackupCallback = std::function<void(const QString &fileName, const QByteArray &data)>;
+
+    explicit AbstractBackendCommunicator(QObject *parent = nullptr, const LinkTimings &timings = {});
+    ~AbstractBackendCommunicator() override;
+
+    // Connects and logs in. False if the address was refused. Blanks around the address are dropped.
+    Q_INVOKABLE bool init(const QString &address, const QString &login, const QString &password,
+                          int controlPort = 23137, int updatePort = 23138);
+    Q_INVOKABLE bool reinit(); // with the stored values
+    Q_INVOKABLE void reconnect();
+    Q_INVOKABLE void disconnectFromServer();
+    Q_INVOKABLE QString getCurrentLogin() const { return m_login; }
+    Q_INVOKABLE QString getCurrentPassword() const { return m_password; }
+
+    // Setters store and notify; they take effect at the next init.
+    QString getAddress() const { return m_address; }
+    void setAddress(const QString &address);
+    int getControlPort() const { return m_controlPort; }
+    void setControlPort(int port);
+    int getUpdatePort() const { return m_updatePort; }
+    void setUpdatePort(int port);
+
+    QString getUserGroup() const { return m_userGroup; }
+    Status getStatus() const { return m_status; }
+    // False while connected with a publication socket that is down: what is on screen may be old.
+    bool getPublicationsAlive() const { return m_publicationsAlive; }
+    int getVersionMajor() const { return m_serverVersion.segmentCount() > 0 ? m_serverVersion.segmentAt(0) : 0; }
+    int getVersionMinor() const { return m_serverVersion.segmentCount() > 1 ? m_serverVersion.segmentAt(1) : 0; }
+    int getVersionPatch() const { return m_serverVersion.segmentCount() > 2 ? m_serverVersion.segmentAt(2) : 0; }
+
+    BackendDataCache &getDataCache() { return m_dataCache; }
+    const BackendDataCache &getDataCache() const { return m_dataCache; }
+
+    // The operations of the server. Most have no callback: their result is the next publication. A callback may never
+    // come (an error, a lost link).
+    virtual void addZones(const std::vector<Model::Zone> &zones, const UidsCallback &done) = 0;
+    virtual void changeZones(const std::vector<Model::Zone> &zones) = 0;
+    virtual void removeZones(const std::vector<Model::Zone> &zones) = 0;
+    virtual void addShopParts(const std::vector<Model::ShopPart> &parts, const UidsCallback &done) = 0;
+    virtual void changeShopParts(const std::vector<Model::ShopPart> &parts) = 0;
+    virtual void removeShopParts(const std::vector<Model::ShopPart> &parts) = 0;
+    virtual void addDevices(const std::vector<Model::DeviceDescriptor> &devices, const UidsCallback &done) = 0;
+    virtual void changeDevices(const std::vector<Model::DeviceDescriptor> &devices) = 0;
+    virtual void removeDevices(const std::vector<Model::DeviceDescriptor> &devices) = 0;
+    virtual void setDeviceState(const std::vector<Model::DeviceState> &states) = 0;
+    virtual void runActionSequences(const std::vector<Model::ActionSequence> &sequences) = 0;
+    virtual void addUsers(const std::vector<Model::UserInfo> &users, const Done &done) = 0;
+    virtual void removeUsers(const std::vector<Model::UserInfo> &users, const Done &done) = 0;
+    virtual void changeUsers(const std::vector<Model::UserInfo> &users, const Done &done) = 0;
+    virtual void changeUsersRoles(const std::vector<Model::UserInfo> &users, const Done &done) = 0;
+    virtual void getUserList(const UsersCallback &done) = 0;
+    Q_INVOKABLE virtual void ping() = 0;
+    virtual void setSystemTime(const Model::TimeInfo &info, const Done &done) = 0;
+    virtual void getSystemTime() = 0;
+    virtual void getBackup(const BackupCallback &done) = 0;
+    virtual void restoreBackup(const QByteArray &bytes, const Done &done) = 0;
+    virtual void factoryReset() = 0;
+    virtual void setShop(const Model::Shop &shop) = 0;
+    virtual void getAvailableComPorts() = 0;
+
+signals:
+    void addressChanged();
+    void controlPortChanged();
+    void updatePortChanged();
+    void errorOccured(const QString &message);
+    void authRequired();
+    void userGroupChanged();
+    void statusChanged();
+    void publicationsAliveChanged();
+    void serverVersionChanged();
+    void userCredentialsChanged();
+    void backendMessageReceived(const QString &message);
+    void errorsReceived(const std::vector<Model::Result::Error> &errors);
+
+    void shopReceived(const Model::Shop &shop);
+    void backendUserListReceived(const std::vector<Model::UserInfo> &users);
+    void devicesStatesReceived(const std::vector<Model::DeviceState> &states);
+    void devicesTypesReceived(const std::vector<Model::DeviceTypeInfo> &types);
+    void devicesModesReceived(const std::vector<Model::DeviceMode> &modes);
+    void shopPartsReceived(const std::vector<Model::ShopPart> &parts);
+    void zonesReceived(const std::vector<Model::Zone> &zones);
+    void devicesReceived(const std::vector<Model::DeviceDescriptor> &devices);
+    void systemTimeReceived(const Model::TimeInfo &info);
+    void timeReceived(const QDateTime &time);
+    void availableComPortsReceived(const QStringList &ports);
+
+protected:
+    enum class MessageType { Json = 0, Binary = 1 };
+
+    struct ParsedMessage
+    {
+        MessageType type = MessageType::Json;
+        QByteArray id;
+        QByteArray body; // unpacked
+    };
+
+    struct WithoutSockets
+    {};
+    // For a communicator that only notes operations and publishes lists: no sockets, no timers, no wait at the end.
+    AbstractBackendCommunicator(WithoutSockets, QObject *parent);
+
+    virtual void auth(const QString &login, const QString &password) = 0;
+    virtual QStringList subscriptionTopics() const { return {}; }
+    virtual void onSubMessageReceived(const QList<QByteArray> &parts) = 0;
+    virtual void onReplyMessageReceived(const QList<QByteArray> &parts);
+    virtual void handleCommonErrors(const ParsedMessage &) {}
+
+    // None for a message without the empty delimiter, too short, with a bad header, neither JSON nor raw, or packed
+    // in a way that does not unpack.
+    static boost::optional<ParsedMessage> parseMessage(const QList<QByteArray> &parts);
+
+    // Tags the header with id:counter, sends, and returns the handler to attach callbacks to. Throws zmq::error_t.
+    std::shared_ptr<BackendReplyHandler> sendRequest(ZmqMessageHeader header, const QByteArray &body, int timeoutMs);
+    void subscribe(const QStringList &topics);
+    void createRequestSocket();
+    void destroyRequestSocket();
+    void createSubscriberSocket();
+    void destroySubscriberSocket();
+    void addReplyHandle(const std::shared_ptr<BackendReplyHandler> &handler);
+    std::shared_ptr<BackendReplyHandler> takeReplyHandle(const QByteArray &id);
+    QString responseSocketAddress() const;
+    QString publisherSocketAddress() const;
+    void checkReplyTimeouts();
+    void abortAllRequests();
+    void setStatus(Status status);
+    void setUserGroup(const QString &group);
+    const QVersionNumber &getServerVersion() const { return m_serverVersion; }
+    void setServerVersion(const QVersionNumber &version);
+    const LinkTimings &timings() const { return m_timings; }
+
+private:
+    // Members are destroyed in reverse order: sockets before their contexts, the cache last.
+    BackendDataCache m_dataCache;
+    LinkTimings m_timings;
+    QString m_address = QStringLiteral("127.0.0.1");
+    QString m_login;
+    QString m_password;
+    int m_controlPort = 23137;
+    int m_updatePort = 23138;
+    std::unique_ptr<nzmqt::PollingZMQContext> m_requestContext;
+    std::unique_ptr<nzmqt::ZMQSocket> m_requestSocket;
+    std::unique_ptr<nzmqt::PollingZMQContext> m_subscriberContext;
+    std::unique_ptr<nzmqt::ZMQSocket> m_subscriberSocket;
+    QStringList m_subscribedTopics;
+    QHash<QByteArray, std::shared_ptr<BackendReplyHandler>> m_replyHandles;
+    QTimer m_replyTimeoutTimer;
+    QMutex m_requestMutex; // over sending and the swap of the reply handles
+    QTimer m_pingTimer;
+    std::atomic<bool> m_aborting {false};
+    QString m_userGroup;
+    Status m_status = Disconnected;
+    bool m_publicationsAlive = true;
+    QVersionNumber m_serverVersion;
+};

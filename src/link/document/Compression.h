@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <boost/optional.hpp>
+
+namespace Compression {
+
+// A packed body may not unpack to more than this, whatever size it declares.
+constexpr qint64 outputLimit = 256LL * 1024 * 1024;
+
+// What qUncompress gives (4 bytes of declared size, big-endian, then a zlib stream), with the output bounded.
+// None for a body that is damaged or unpacks to more than the limit.
+boost::optional<QByteArray> unpack(const QByteArray &packed, qint64 limit = outputLimit);
+
+} // namespace Compression
