@@ -23,7 +23,8 @@ public:
     explicit Response(const QVariant &entity); // "data" is written as an object
     explicit Response(const QVariantList &entities);
     explicit Response(const std::vector<Entity> &entities);
-    // A result document: one entity of that type with the relationships "added", "changed" and "deleted".
+    // A result document: one entity "response" whose relationships "added", "changed" and "deleted" name the touched
+    // records, which are of the given type. Failures become errors.
     Response(const QString &type, const std::vector<Model::Result> &results);
 
     static Response error(const QString &code, const QString &title, const QString &detail = {});

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "link/document/Entity.h"
+
+namespace JsonAPI {
+
+Entity::Entity(const QString &type, const QString &id)
+    : type(type)
+    , id(id)
+{ }
+
+Entity::Entity(const QVariant &map)
+    : relationships(map)
+{
+    const auto fields = map.toMap();
+    type = fields.value("type").toString();
+    id = fields.value("id").toString();
+    attributes = fields.value("attributes").toMap();
+}
+
+void Entity::setAttribute(const QString &key, const QVariant &value) { attributes.insert(key, value); }
+
+QVariant Entity::toVariant() const
+{
+    QVariantMap map{{"type", type}, {"id", id}};
+    if (!attributes.isEmpty())
+        map.insert("attributes", attributes);
+    relationships.insertInto(map);
+    return map;
+}
+
+} // namespace JsonAPI
