@@ -4,9 +4,10 @@
 #include "link/zmq/ZMQContext.h"
 
 #include <QMutex>
-#include <zmq.h>
-
+#include <QPointer>
+#include <QTimer>
 #include <vector>
+#include <zmq.h>
 
 namespace nzmqt {
 
@@ -37,8 +38,20 @@ private slots:
     void run();
 
 private:
-    QMutex m_mutex; // over the poll items
-    std::vector<zmq_pollitem_t> m_items;
+    struct Ready
+    {
+        QPointer<ZMQSocket> socket;
+        bool isMonitor;
+    };
+
+    std::vector<Ready> poll();
+    void drain();
+    void read(ZMQSocket &socket, bool monitor);
+    void reportPollError(int errorNumber, const char *message);
+
+    QMutex m_mutex; // over the list of sockets and the poll items
+    std::vector<zmq_pollitem_t> m_items; // made anew for each poll; a member to keep its memory
+    QTimer m_timer;
     int m_interval;
     int m_tickBudget;
     bool m_stopped = true;

@@ -38,6 +38,7 @@ public:
     QList<QByteArray> receiveMessage();
 
     // Emits connected() and disconnected() from now on, through a monitor socket that the context polls as well.
+    // Meant for a socket with one peer. Started again it forgets what it has not told yet.
     void startMonitor();
     void stopMonitor();
 
@@ -57,6 +58,7 @@ private:
     void *m_socket;
     void *m_monitor = nullptr;
     int m_type;
+    int m_standing = 0; // connections that the monitor has told of
 };
 
 } // namespace nzmqt
