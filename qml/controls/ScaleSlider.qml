@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as QC2
+
+// Steps a scale up and down by a tenth; the button in the middle shows it and resets it to 1.
+Row {
+    id: root
+
+    property real value: 1
+    property real minimum: 0.1
+    property real maximum: 4
+
+    signal moved(real scale)
+
+    QC2.ToolButton {
+        width: 48
+        height: 48
+        enabled: root.value >= root.minimum + 0.1
+        text: "−"
+        font.pixelSize: 22
+        Accessible.name: qsTr("Масштаб -10%")
+        onClicked: root.moved(Math.round(root.value * 10 - 1) / 10)
+    }
+
+    QC2.ToolButton {
+        objectName: "scaleLabel"
+        width: 64
+        height: 48
+        enabled: root.value !== 1
+        text: qsTr("%1%").arg(Math.floor(root.value * 100))
+        Accessible.description: qsTr("Масштаб 100%")
+        onClicked: root.moved(1)
+    }
+
+    QC2.ToolButton {
+        width: 48
+        height: 48
+        enabled: root.value <= root.maximum - 0.1
+        text: "+"
+        font.pixelSize: 22
+        Accessible.name: qsTr("Масштаб +10%")
+        onClicked: root.moved(Math.round(root.value * 10 + 1) / 10)
+    }
+}

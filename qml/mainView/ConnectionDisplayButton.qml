@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as QC2
+import QtQuick.Controls.Material 2.15
+import QtQuick.Layouts 1.15
+import Backend 1.0
+import colors 1.0
+
+// The present connection: its name, its state, and the server's clock. A click opens the list of connections.
+QC2.ItemDelegate {
+    id: root
+
+    readonly property string statusText: {
+        if (Backend.status === Backend.Connecting)
+            return qsTr("Подключение...")
+        if (Backend.status === Backend.Disconnected)
+            return qsTr("Отключен")
+        return Backend.publicationsAlive ? serverTimeController.timeString : qsTr("Данные не обновляются")
+    }
+    readonly property color statusColor: {
+        if (Backend.status === Backend.Connected)
+            return Backend.publicationsAlive ? Colors.green : Colors.orange
+        return Backend.status === Backend.Connecting ? Colors.orange : Colors.red
+    }
+
+    text: connectionsListModel.currentConnectionName === "" ? qsTr("Подключения")
+                                                            : connectionsListModel.currentConnectionName
+    Accessible.description: statusText
+
+    contentItem: RowLayout {
+        spacing: 12
+
+        Rectangle {
+            width: 12
+            height: 12
+            radius: 6
+            color: root.statusColor
+        }
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 0
+
+            QC2.Label {
+                Layout.fillWidth: true
+                elide: Text.ElideRight
+                font.pixelSize: 16
+                textFormat: Text.PlainText
+                text: root.text
+            }
+
+            QC2.Label {
+                objectName: "statusLabel"
+                Layout.fillWidth: true
+                elide: Text.ElideRight
+                font.pixelSize: 12
+                color: Material.hintTextColor
+                text: root.statusText
+            }
+        }
+    }
+}

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <vector>
+
+class FrontendManager;
+
+// A hand on the program's mouse and an eye on its window. Waits for what must happen instead of counting time.
+class Driver
+{
+public:
+    explicit Driver(FrontendManager &manager);
+
+    QQuickWindow *window() const { return m_window; }
+    FrontendManager &manager() const { return m_manager; }
+    const QStringList &warnings() const { return m_warnings; } // of the log since the driver was made
+
+    QQuickItem *find(const QString &objectName) const; // the first visible item of that name, or null
+    std::vector<QQuickItem *> zoneTiles() const; // the visible zone tiles, in no particular order
+    QQuickItem *zoneTile(const QString &uid) const;
+
+    void resize(int width, int height);
+    void click(QQuickItem *item); // in its middle
+    QImage picture();
+    bool waitFor(const std::function<bool()> &condition, int timeoutMs = 10000);
+
+    // The program is connected and shows at least that many tiles.
+    bool waitForPlan(int tiles);
+
+private:
+    FrontendManager &m_manager;
+    QQuickWindow *m_window = nullptr;
+    QStringList m_warnings;
+};

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QtGlobal>
+
+class QQuickWindow;
+
+namespace Measurements {
+
+// Resident memory of this process now, in bytes.
+qint64 residentMemory();
+
+// The longest time for which the main loop took no event, in milliseconds, while it ran for that long.
+double longestStall(int durationMs);
+
+} // namespace Measurements
