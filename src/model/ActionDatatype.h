@@ -4,6 +4,7 @@
 #include <QString>
 #include <QUuid>
 #include <QVariant>
+#include <QVariantList>
 #include <boost/variant.hpp>
 #include <vector>
 
@@ -84,15 +85,21 @@ public:
     friend bool operator==(const ActionDatatype &left, const ActionDatatype &right);
 
 private:
+    using Reader = ActionDatatype (*)(const QVariant &, int depth);
+
+    // Lists from outside may lie in each other; beyond this depth they are read as empty, to spare the stack.
+    static constexpr int maxDepth = 1024;
+
+    static ActionDatatype readMap(const QVariant &variant, int depth);
+    static ActionDatatype readVariant(const QVariant &variant, int depth);
+    static ActionDatatype readList(const QVariantList &list, int depth, Reader reader);
+
     Type m_type = Type::Void;
     Union m_value = 0LL;
 };
 
 bool operator==(const ActionDatatype &left, const ActionDatatype &right);
-inline bool operator!=(const ActionDatatype &left, const ActionDatatype &right)
-{
-    return !(left == right);
-}
+inline bool operator!=(const ActionDatatype &left, const ActionDatatype &right) { return !(left == right); }
 bool operator==(const ActionDatatype::EntityDatatype &left, const ActionDatatype::EntityDatatype &right);
 bool operator==(const ActionDatatype::EnumDatatype &left, const ActionDatatype::EnumDatatype &right);
 

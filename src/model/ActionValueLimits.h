@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <QVariantMap>
 #include <boost/blank.hpp>
 #include <boost/variant.hpp>
 #include <limits>
@@ -113,6 +114,9 @@ public:
     friend bool operator==(const ActionValueLimits &left, const ActionValueLimits &right);
 
 private:
+    static ActionValueLimits readElement(const QVariantMap &map);
+    void tightenList(const ListLimits &other);
+
     Type m_type = Type::Void;
     Union m_limits;
 };

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 #include <QUrl>
+#include <QVariant>
+#include <QVariantList>
 #include <QVariantMap>
 #include <vector>
 
@@ -92,6 +94,10 @@ struct DeviceTypeInfo
     static DeviceTypeInfo fromVariant(const QVariant &map);
 
     void localize(const QVariantMap &overlay);
+
+    // What the map form and the document read and write alike.
+    static QVariantList parametersToVariant(const std::vector<Parameter> &parameters);
+    static std::vector<Parameter> parametersFromVariant(const QVariant &list);
 };
 
 bool operator==(const DeviceTypeInfo::Parameter &left, const DeviceTypeInfo::Parameter &right);

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "model/RadioStatus.h"
+
+#include <QHash>
+
+namespace Model {
+
+static const auto &deviceTypeWords()
+{
+    using T = RadioStatus::DeviceType;
+    static const QHash<QString, T> words{
+        {"none", T::None}, {"mrf", T::Mrf}, {"network", T::Network}, {"lora", T::LoRa}, {"rs485", T::Rs485}};
+    return words;
+}
+
+QString RadioStatus::deviceTypeToString(DeviceType type)
+{
+    const auto text = deviceTypeWords().key(type);
+    return text.isEmpty() ? QStringLiteral("unknown") : text;
+}
+
+RadioStatus::DeviceType RadioStatus::deviceTypeFromString(const QString &text)
+{
+    return deviceTypeWords().value(text.toLower(), DeviceType::None);
+}
+
+} // namespace Model

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMetaType>
+#include <QString>
+#include <QVariant>
+#include <QtGlobal>
+#include <cmath>
+#include <limits>
+
+// Numbers and texts out of variants that came from outside: what is none gives the fallback, and a double beyond the
+// range of the integer gives its end, since converting such a double is undefined.
+namespace Model {
+
+inline long long saturated(double value)
+{
+    // 2^63 itself has no place in 64 bits; -2^63 has.
+    constexpr double end = 9223372036854775808.0;
+    if (std::isnan(value))
+        return 0;
+    if (value >= end)
+        return std::numeric_limits<long long>::max();
+    if (value < -end)
+        return std::numeric_limits<long long>::min();
+    return static_cast<long long>(value); // truncates toward zero
+}
+
+// A double is rounded, as QVariant does.
+inline long long integerFrom(const QVariant &value, long long fallback = 0)
+{
+    if (value.userType() == QMetaType::Double || value.userType() == QMetaType::Float) {
+        const double number = value.toDouble();
+        return std::isnan(number) ? fallback : saturated(std::round(number));
+    }
+    bool ok = false;
+    const long long number = value.toLongLong(&ok);
+    return ok ? number : fallback;
+}
+
+inline int intFrom(const QVariant &value, int fallback = 0)
+{
+    constexpr long long least = std::numeric_limits<int>::min();
+    constexpr long long largest = std::numeric_limits<int>::max();
+    return static_cast<int>(qBound(least, integerFrom(value, fallback), largest));
+}
+
+inline double doubleFrom(const QVariant &value, double fallback = 0.0)
+{
+    bool ok = false;
+    const double number = value.toDouble(&ok);
+    return ok ? number : fallback;
+}
+
+inline QString textFrom(const QVariant &value, const QString &fallback)
+{
+    const bool isText = value.isValid() && value.userType() != QMetaType::Nullptr && value.canConvert<QString>();
+    return isText ? value.toString() : fallback;
+}
+
+} // namespace Model
