@@ -174,14 +174,6 @@ void DeviceTypeInfo::localize(const QVariantMap &overlay)
     localizeParameters(state, overlay.value("state"));
 }
 
-QString DeviceTypeInfo::unknownCommonType() { return QStringLiteral("unknown"); }
-
-QString DeviceTypeInfo::commonTypeFrom(const QVariant &text)
-{
-    const bool isText = text.isValid() && text.userType() != QMetaType::Nullptr && text.canConvert<QString>();
-    return isText ? text.toString() : unknownCommonType();
-}
-
 QVariantList DeviceTypeInfo::parametersToVariant(const std::vector<Parameter> &parameters)
 {
     return toList(parameters);
