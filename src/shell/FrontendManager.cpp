@@ -60,7 +60,8 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     changeTranslator(Startup::translatorForLocale(QStringLiteral("frontend"), locale));
 
     currentInstance = this;
-    SharedModels::instance() = {m_communicator.get(), &m_usersListModel, &m_devicesListModel, &m_zonesListModel};
+    SharedModels::instance() = {m_communicator.get(), &m_usersListModel, &m_deviceTypesListModel,
+                                &m_devicesListModel,  &m_shopPartsListModel, &m_zonesListModel};
     QQmlFileSelector::get(&m_engine)->setExtraSelectors({QStringLiteral("qt515")});
     registerQmlTypes();
     setContextProperties();
