@@ -39,7 +39,7 @@ template <typename T>
 void BackendDataCache::replace(T &member, const T &value, void (BackendDataCache::*changed)(const T &))
 {
     member = value;
-    emit (this->*changed)(value);
+    emit(this->*changed)(value);
 }
 
 void BackendDataCache::setUsers(const std::vector<Model::UserInfo> &users)
@@ -82,10 +82,7 @@ void BackendDataCache::setTimeInfo(const Model::TimeInfo &info)
     replace(m_timeInfo, info, &BackendDataCache::systemTimeChanged);
 }
 
-void BackendDataCache::setTime(const QDateTime &time)
-{
-    replace(m_time, time, &BackendDataCache::timeChanged);
-}
+void BackendDataCache::setTime(const QDateTime &time) { replace(m_time, time, &BackendDataCache::timeChanged); }
 
 void BackendDataCache::onBackendStatusChanged()
 {

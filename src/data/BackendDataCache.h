@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "model/Devices.h"
 #include "model/DeviceTypeInfo.h"
+#include "model/Devices.h"
 #include "model/Site.h"
 #include "model/TimeInfo.h"
 #include "model/UserInfo.h"

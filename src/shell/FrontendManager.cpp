@@ -60,7 +60,7 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     changeTranslator(Startup::translatorForLocale(QStringLiteral("frontend"), locale));
 
     currentInstance = this;
-    SharedModels::instance() = {m_communicator.get(), &m_usersListModel, &m_deviceTypesListModel,
+    SharedModels::instance() = {m_communicator.get(), &m_usersListModel,     &m_deviceTypesListModel,
                                 &m_devicesListModel,  &m_shopPartsListModel, &m_zonesListModel};
     QQmlFileSelector::get(&m_engine)->setExtraSelectors({QStringLiteral("qt515")});
     registerQmlTypes();
@@ -125,16 +125,29 @@ void FrontendManager::logFileOutput(QtMsgType type, const QMessageLogContext &co
 
     QString level;
     switch (type) {
-    case QtDebugMsg: level = QStringLiteral("[D][%1]: ").arg(QString::fromUtf8(context.category)); break;
-    case QtWarningMsg: level = QStringLiteral("[W]: "); break;
-    case QtCriticalMsg: level = QStringLiteral("[C]: "); break;
-    case QtFatalMsg: level = QStringLiteral("[F]: "); break;
-    case QtInfoMsg: level = QStringLiteral("[I]: "); break;
-    default: level = QStringLiteral("[N]: "); break;
+    case QtDebugMsg:
+        level = QStringLiteral("[D][%1]: ").arg(QString::fromUtf8(context.category));
+        break;
+    case QtWarningMsg:
+        level = QStringLiteral("[W]: ");
+        break;
+    case QtCriticalMsg:
+        level = QStringLiteral("[C]: ");
+        break;
+    case QtFatalMsg:
+        level = QStringLiteral("[F]: ");
+        break;
+    case QtInfoMsg:
+        level = QStringLiteral("[I]: ");
+        break;
+    default:
+        level = QStringLiteral("[N]: ");
+        break;
     }
     // One arg() call fills all places, so that a "%1" inside the message stays what it is.
-    const QString text = QStringLiteral("%2:%3:\n%4%5 %1\n")
-                             .arg(message, QString::fromUtf8(context.file), QString::number(context.line), stamp, level);
+    const QString text =
+        QStringLiteral("%2:%3:\n%4%5 %1\n")
+            .arg(message, QString::fromUtf8(context.file), QString::number(context.line), stamp, level);
     {
         QTextStream stream(stdout);
         stream.setCodec("UTF-8");

@@ -33,10 +33,7 @@ QObject *createBackend(QQmlEngine *, QJSEngine *)
     return backend;
 }
 
-QObject *createColors(QQmlEngine *, QJSEngine *)
-{
-    return new ColorTheme;
-}
+QObject *createColors(QQmlEngine *, QJSEngine *) { return new ColorTheme; }
 
 QObject *createLanguageController(QQmlEngine *engine, QJSEngine *)
 {
@@ -95,13 +92,13 @@ void FrontendManager::registerSingletons()
 QObject *FrontendManager::createErrors(QQmlEngine *engine)
 {
     m_errors = new ErrorsListModel(engine);
-    connect(m_communicator.get(), &AbstractBackendCommunicator::errorsReceived, m_errors,
-            &ErrorsListModel::logErrors);
+    connect(m_communicator.get(), &AbstractBackendCommunicator::errorsReceived, m_errors, &ErrorsListModel::logErrors);
     if (!m_earlyErrors.empty()) {
         // Queued, so that whoever asked for the list has connected to it before the first row comes.
         const auto errors = std::move(m_earlyErrors);
         m_earlyErrors.clear();
-        QMetaObject::invokeMethod(m_errors, [this, errors] { m_errors->logErrors(errors); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            m_errors, [this, errors] { m_errors->logErrors(errors); }, Qt::QueuedConnection);
     }
     return m_errors;
 }

@@ -43,8 +43,9 @@ Driver::Driver(FrontendManager &manager)
 QQuickItem *Driver::find(const QString &objectName) const
 {
     std::vector<QQuickItem *> found;
-    collect(m_window->contentItem()->parentItem() ? m_window->contentItem()->parentItem() : m_window->contentItem(),
-            [&](QQuickItem *item) { return item->objectName() == objectName; }, found);
+    collect(
+        m_window->contentItem()->parentItem() ? m_window->contentItem()->parentItem() : m_window->contentItem(),
+        [&](QQuickItem *item) { return item->objectName() == objectName; }, found);
     return found.empty() ? nullptr : found.front();
 }
 

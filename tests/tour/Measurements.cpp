@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QTimer>
 #include <algorithm>
+#include <ctime>
 #include <unistd.h>
 
 qint64 Measurements::residentMemory()
@@ -15,6 +16,13 @@ qint64 Measurements::residentMemory()
         return 0;
     const auto fields = file.readAll().split(' ');
     return fields.size() > 1 ? fields.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
+}
+
+double Measurements::processorTime()
+{
+    timespec time;
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return time.tv_sec + time.tv_nsec / 1e9;
 }
 
 double Measurements::longestStall(int durationMs)

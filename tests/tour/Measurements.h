@@ -3,12 +3,13 @@
 
 #include <QtGlobal>
 
-class QQuickWindow;
-
 namespace Measurements {
 
 // Resident memory of this process now, in bytes.
 qint64 residentMemory();
+
+// Processor time of this process so far, all threads, in seconds.
+double processorTime();
 
 // The longest time for which the main loop took no event, in milliseconds, while it ran for that long.
 double longestStall(int durationMs);

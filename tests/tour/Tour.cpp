@@ -10,10 +10,7 @@
 
 namespace {
 
-void tell(const QString &line)
-{
-    QTextStream(stdout) << line << '\n';
-}
+void tell(const QString &line) { QTextStream(stdout) << line << '\n'; }
 
 // A picture of a screen in use holds many colours; a blank or broken one does not.
 bool showsSomething(const QImage &picture)
@@ -31,7 +28,7 @@ bool showsSomething(const QImage &picture)
 Tour::Tour(Driver &driver, const QString &pictureFolder)
     : m_driver(driver)
     , m_folder(pictureFolder)
-{}
+{ }
 
 bool Tour::run()
 {
@@ -49,10 +46,10 @@ bool Tour::run()
                         && takePicture("connections");
                 })
         && step("no warning in the log", [this] {
-               for (const auto &warning : m_driver.warnings())
-                   tell("  " + warning);
-               return m_driver.warnings().isEmpty();
-           });
+                            for (const auto &warning : m_driver.warnings())
+                                tell("  " + warning);
+                            return m_driver.warnings().isEmpty();
+                        });
     return passed;
 }
 
@@ -89,8 +86,7 @@ bool Tour::chooseTwoZones()
             return false;
         m_chosen << tile->property("uid").toString();
     }
-    return m_chosen.size() == 2
-        && m_driver.waitFor([this] { return m_driver.find("powerButton60") != nullptr; });
+    return m_chosen.size() == 2 && m_driver.waitFor([this] { return m_driver.find("powerButton60") != nullptr; });
 }
 
 bool Tour::setChosenTo60()

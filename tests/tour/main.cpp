@@ -4,6 +4,7 @@
 //   --pictures FOLDER     takes the tour and leaves its pictures there
 //   --first-frame NS      prints how long after that moment (nanoseconds since the epoch) the first frame was on
 //                         screen, and the resident memory then
+//   --idle SECONDS        prints how much of a core the program takes on the plan when nobody touches it
 //   --stall SECONDS       prints the longest stall of the main loop on a live site, and the resident memory at the end
 // What is left of the arguments goes to the program.
 #include "link/JsonBackendCommunicator.h"
@@ -58,10 +59,23 @@ int measureStall(Driver &driver, int seconds)
     driver.resize(1280, 800);
     if (!driver.waitForPlan(4))
         return 1;
-    // The lists that follow a login are part of the measure; the first plan has opened already.
     const double stall = Measurements::longestStall(seconds * 1000);
     QTextStream(stdout) << "longest_stall_ms " << stall << "\nresident_mb "
                         << Measurements::residentMemory() / 1048576.0 << '\n';
+    return 0;
+}
+
+int measureIdle(Driver &driver, int seconds)
+{
+    driver.resize(1280, 800);
+    if (!driver.waitForPlan(4))
+        return 1;
+    QTest::qWait(2000); // what follows the login has been painted by then
+    const double before = Measurements::processorTime();
+    QEventLoop loop;
+    QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
+    loop.exec();
+    QTextStream(stdout) << "processor_percent " << (Measurements::processorTime() - before) / seconds * 100 << '\n';
     return 0;
 }
 
@@ -77,6 +91,7 @@ int main(int argc, char **argv)
     parser.addOption({QStringLiteral("prepare"), QString()});
     parser.addOption({QStringLiteral("pictures"), QString(), QStringLiteral("folder")});
     parser.addOption({QStringLiteral("first-frame"), QString(), QStringLiteral("ns")});
+    parser.addOption({QStringLiteral("idle"), QString(), QStringLiteral("seconds")});
     parser.addOption({QStringLiteral("stall"), QString(), QStringLiteral("seconds")});
     parser.parse(QCoreApplication::arguments());
     if (parser.isSet(QStringLiteral("prepare")))
@@ -92,5 +107,7 @@ int main(int argc, char **argv)
         return measureFirstFrame(driver, parser.value(QStringLiteral("first-frame")).toLongLong());
     if (parser.isSet(QStringLiteral("stall")))
         return measureStall(driver, parser.value(QStringLiteral("stall")).toInt());
+    if (parser.isSet(QStringLiteral("idle")))
+        return measureIdle(driver, parser.value(QStringLiteral("idle")).toInt());
     return Tour(driver, parser.value(QStringLiteral("pictures"))).run() ? 0 : 1;
 }
