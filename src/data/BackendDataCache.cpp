@@ -82,7 +82,10 @@ void BackendDataCache::setTimeInfo(const Model::TimeInfo &info)
     replace(m_timeInfo, info, &BackendDataCache::systemTimeChanged);
 }
 
-void BackendDataCache::setTime(const QDateTime &time) { replace(m_time, time, &BackendDataCache::timeChanged); }
+void BackendDataCache::setTime(const QDateTime &time)
+{
+    replace(m_time, time, &BackendDataCache::timeChanged);
+}
 
 void BackendDataCache::onBackendStatusChanged()
 {

@@ -125,24 +125,12 @@ void FrontendManager::logFileOutput(QtMsgType type, const QMessageLogContext &co
 
     QString level;
     switch (type) {
-    case QtDebugMsg:
-        level = QStringLiteral("[D][%1]: ").arg(QString::fromUtf8(context.category));
-        break;
-    case QtWarningMsg:
-        level = QStringLiteral("[W]: ");
-        break;
-    case QtCriticalMsg:
-        level = QStringLiteral("[C]: ");
-        break;
-    case QtFatalMsg:
-        level = QStringLiteral("[F]: ");
-        break;
-    case QtInfoMsg:
-        level = QStringLiteral("[I]: ");
-        break;
-    default:
-        level = QStringLiteral("[N]: ");
-        break;
+    case QtDebugMsg: level = QStringLiteral("[D][%1]: ").arg(QString::fromUtf8(context.category)); break;
+    case QtWarningMsg: level = QStringLiteral("[W]: "); break;
+    case QtCriticalMsg: level = QStringLiteral("[C]: "); break;
+    case QtFatalMsg: level = QStringLiteral("[F]: "); break;
+    case QtInfoMsg: level = QStringLiteral("[I]: "); break;
+    default: level = QStringLiteral("[N]: "); break;
     }
     // One arg() call fills all places, so that a "%1" inside the message stays what it is.
     const QString text =

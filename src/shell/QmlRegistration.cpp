@@ -33,7 +33,10 @@ QObject *createBackend(QQmlEngine *, QJSEngine *)
     return backend;
 }
 
-QObject *createColors(QQmlEngine *, QJSEngine *) { return new ColorTheme; }
+QObject *createColors(QQmlEngine *, QJSEngine *)
+{
+    return new ColorTheme;
+}
 
 QObject *createLanguageController(QQmlEngine *engine, QJSEngine *)
 {

@@ -3,7 +3,7 @@
 
 FakeCommunicator::FakeCommunicator(QObject *parent)
     : AbstractBackendCommunicator(WithoutSockets(), parent)
-{ }
+{}
 
 template <typename T>
 void FakeCommunicator::note(const char *operation, T &member, const T &value)
@@ -19,7 +19,10 @@ void FakeCommunicator::logIn(const QString &login, const QString &group)
     setStatus(Connected);
 }
 
-void FakeCommunicator::auth(const QString &, const QString &) { operations << QStringLiteral("auth"); }
+void FakeCommunicator::auth(const QString &, const QString &)
+{
+    operations << QStringLiteral("auth");
+}
 
 void FakeCommunicator::addZones(const std::vector<Model::Zone> &list, const UidsCallback &done)
 {
@@ -27,9 +30,15 @@ void FakeCommunicator::addZones(const std::vector<Model::Zone> &list, const Uids
     uidsCallback = done;
 }
 
-void FakeCommunicator::changeZones(const std::vector<Model::Zone> &list) { note("changeZones", zones, list); }
+void FakeCommunicator::changeZones(const std::vector<Model::Zone> &list)
+{
+    note("changeZones", zones, list);
+}
 
-void FakeCommunicator::removeZones(const std::vector<Model::Zone> &list) { note("removeZones", zones, list); }
+void FakeCommunicator::removeZones(const std::vector<Model::Zone> &list)
+{
+    note("removeZones", zones, list);
+}
 
 void FakeCommunicator::addShopParts(const std::vector<Model::ShopPart> &list, const UidsCallback &done)
 {
@@ -103,7 +112,10 @@ void FakeCommunicator::getUserList(const UsersCallback &done)
     usersCallback = done;
 }
 
-void FakeCommunicator::ping() { operations << QStringLiteral("ping"); }
+void FakeCommunicator::ping()
+{
+    operations << QStringLiteral("ping");
+}
 
 void FakeCommunicator::setSystemTime(const Model::TimeInfo &info, const Done &done)
 {
@@ -111,7 +123,10 @@ void FakeCommunicator::setSystemTime(const Model::TimeInfo &info, const Done &do
     doneCallback = done;
 }
 
-void FakeCommunicator::getSystemTime() { operations << QStringLiteral("getSystemTime"); }
+void FakeCommunicator::getSystemTime()
+{
+    operations << QStringLiteral("getSystemTime");
+}
 
 void FakeCommunicator::getBackup(const BackupCallback &done)
 {
@@ -125,8 +140,17 @@ void FakeCommunicator::restoreBackup(const QByteArray &bytes, const Done &done)
     doneCallback = done;
 }
 
-void FakeCommunicator::factoryReset() { operations << QStringLiteral("factoryReset"); }
+void FakeCommunicator::factoryReset()
+{
+    operations << QStringLiteral("factoryReset");
+}
 
-void FakeCommunicator::setShop(const Model::Shop &site) { note("setShop", shop, site); }
+void FakeCommunicator::setShop(const Model::Shop &site)
+{
+    note("setShop", shop, site);
+}
 
-void FakeCommunicator::getAvailableComPorts() { operations << QStringLiteral("getAvailableComPorts"); }
+void FakeCommunicator::getAvailableComPorts()
+{
+    operations << QStringLiteral("getAvailableComPorts");
+}

@@ -75,7 +75,7 @@ public:
 
 protected:
     void auth(const QString &login, const QString &password) override;
-    void onSubMessageReceived(const QList<QByteArray> &) override { }
+    void onSubMessageReceived(const QList<QByteArray> &) override {}
 
 private:
     template <typename T>

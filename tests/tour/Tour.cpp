@@ -10,7 +10,10 @@
 
 namespace {
 
-void tell(const QString &line) { QTextStream(stdout) << line << '\n'; }
+void tell(const QString &line)
+{
+    QTextStream(stdout) << line << '\n';
+}
 
 // A picture of a screen in use holds many colours; a blank or broken one does not.
 bool showsSomething(const QImage &picture)
@@ -28,7 +31,7 @@ bool showsSomething(const QImage &picture)
 Tour::Tour(Driver &driver, const QString &pictureFolder)
     : m_driver(driver)
     , m_folder(pictureFolder)
-{ }
+{}
 
 bool Tour::run()
 {
