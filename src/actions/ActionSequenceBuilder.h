@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QQmlListProperty>
 
 // A fixed sequence declared in QML: its children are the steps.
@@ -34,5 +35,5 @@ public:
     Q_INVOKABLE QString getStandardAction(ActionSequenceBuilder::StandardAction action) const; // uid text
 
 private:
-    QList<ActionWrapperBuilder *> m_actions;
+    QList<QPointer<ActionWrapperBuilder>> m_actions;
 };

@@ -28,7 +28,7 @@ class Rows
         Cursor(Owner *rows, int row)
             : m_rows(rows)
             , m_row(row)
-        { }
+        {}
 
         reference operator*() const { return m_rows->at(m_row); }
         pointer operator->() const { return &m_rows->at(m_row); }
@@ -59,7 +59,7 @@ public:
     Rows() = default;
     explicit Rows(std::vector<T> rows)
         : m_slots(std::move(rows))
-    { }
+    {}
 
     int size() const { return static_cast<int>(m_slots.size()) - m_holeSize; }
     bool empty() const { return size() == 0; }
@@ -131,11 +131,11 @@ private:
 
     void moveHoleTo(int row)
     {
-        const auto slots = m_slots.begin();
+        const auto start = m_slots.begin();
         if (m_holeSize > 0 && row > m_hole)
-            std::move(slots + m_hole + m_holeSize, slots + row + m_holeSize, slots + m_hole);
+            std::move(start + m_hole + m_holeSize, start + row + m_holeSize, start + m_hole);
         else if (m_holeSize > 0 && row < m_hole)
-            std::move_backward(slots + row, slots + m_hole, slots + m_hole + m_holeSize);
+            std::move_backward(start + row, start + m_hole, start + m_hole + m_holeSize);
         m_hole = row;
     }
 

@@ -195,9 +195,9 @@ private:
         items.erase(first, first + range.count);
     }
     static void settleRows(Rows<Row> &items) { items.settle(); }
-    static void settleRows(std::vector<Row> &) { }
+    static void settleRows(std::vector<Row> &) {}
     static void reserveRows(Rows<Row> &items, int count) { items.reserve(count); }
-    static void reserveRows(std::vector<Row> &, int) { }
+    static void reserveRows(std::vector<Row> &, int) {}
 
     Container &m_items;
     const std::vector<Row> &m_newItems;

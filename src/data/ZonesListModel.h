@@ -72,7 +72,7 @@ public slots:
 private:
     struct PowerInfo
     {
-        int sum = 0; // then the mean
+        qint64 sum = 0; // then the mean
         int count = 0;
     };
 
