@@ -4,10 +4,12 @@
 #include "data/BackendDataCache.h"
 #include "link/BackendReplyHandler.h"
 #include "link/LinkTimings.h"
+#include "link/PublicationWatch.h"
+#include "link/StallWatch.h"
 #include "link/document/ZmqMessageHeader.h"
 #include "model/Actions.h"
-#include "model/Devices.h"
 #include "model/DeviceTypeInfo.h"
+#include "model/Devices.h"
 #include "model/Result.h"
 #include "model/Site.h"
 #include "model/TimeInfo.h"
@@ -15,7 +17,6 @@
 
 #include <QByteArray>
 #include <QDateTime>
-#include <QElapsedTimer>
 #include <QHash>
 #include <QList>
 #include <QMutex>
@@ -75,7 +76,7 @@ public:
 
     // Setters store and notify; they take effect at the next init.
     QString getAddress() const { return m_address; }
-    void setAddress(const QString &address);
+    void setAddress(const QString &address); // only a text with blanks around it is taken, without them
     int getControlPort() const { return m_controlPort; }
     void setControlPort(int port);
     int getUpdatePort() const { return m_updatePort; }
@@ -84,7 +85,7 @@ public:
     QString getUserGroup() const { return m_userGroup; }
     Status getStatus() const { return m_status; }
     // False while connected with a publication socket that is down: what is on screen may be old.
-    bool getPublicationsAlive() const { return m_publicationsAlive; }
+    bool getPublicationsAlive() const { return m_publicationWatch.isAlive(); }
     int getVersionMajor() const { return m_serverVersion.segmentCount() > 0 ? m_serverVersion.segmentAt(0) : 0; }
     int getVersionMinor() const { return m_serverVersion.segmentCount() > 1 ? m_serverVersion.segmentAt(1) : 0; }
     int getVersionPatch() const { return m_serverVersion.segmentCount() > 2 ? m_serverVersion.segmentAt(2) : 0; }
@@ -166,12 +167,13 @@ protected:
     virtual void onReplyMessageReceived(const QList<QByteArray> &parts);
     virtual void handleCommonErrors(const ParsedMessage &) {}
 
-    // None for a message without the empty delimiter, too short, with a bad header, neither JSON nor raw, or packed
-    // in a way that does not unpack.
+    // None for a message without the empty delimiter, too short, with a bad header, neither JSON nor raw, or that
+    // unpacks to more than is allowed.
     static boost::optional<ParsedMessage> parseMessage(const QList<QByteArray> &parts);
 
     // Tags the header with id:counter, sends, and returns the handler to attach callbacks to. Throws zmq::error_t.
     std::shared_ptr<BackendReplyHandler> sendRequest(ZmqMessageHeader header, const QByteArray &body, int timeoutMs);
+    void sendMessage(nzmqt::ZMQSocket &socket, QList<QByteArray> parts); // behind an empty frame
     void subscribe(const QStringList &topics);
     void createRequestSocket();
     void destroyRequestSocket();
@@ -189,7 +191,20 @@ protected:
     void setServerVersion(const QVersionNumber &version);
     const LinkTimings &timings() const { return m_timings; }
 
+    // For the connections made from now on; the library closes one whose peer sends a larger frame.
+    void setLargestMessage(qint64 bytes);
+
+    // The last derived destructor calls it first: discard callbacks run here and may still call operations, which are
+    // refused from now on.
+    void shutDown();
+
 private:
+    void createSockets();
+    void dropReplyHandles();
+    void onPingTick();
+    void onPollTick();
+    void onPublicationsLost();
+
     // Members are destroyed in reverse order: sockets before their contexts, the cache last.
     BackendDataCache m_dataCache;
     LinkTimings m_timings;
@@ -198,6 +213,8 @@ private:
     QString m_password;
     int m_controlPort = 23137;
     int m_updatePort = 23138;
+    QString m_requestEndpoint; // what the sockets are connected to, whatever was set since; empty: nothing
+    QString m_subscriberEndpoint;
     std::unique_ptr<nzmqt::PollingZMQContext> m_requestContext;
     std::unique_ptr<nzmqt::ZMQSocket> m_requestSocket;
     std::unique_ptr<nzmqt::PollingZMQContext> m_subscriberContext;
@@ -207,9 +224,12 @@ private:
     QTimer m_replyTimeoutTimer;
     QMutex m_requestMutex; // over sending and the swap of the reply handles
     QTimer m_pingTimer;
-    std::atomic<bool> m_aborting {false};
+    PublicationWatch m_publicationWatch;
+    StallWatch m_stallWatch;
+    std::atomic<bool> m_aborting{false};
+    bool m_shutDown = false;
+    int m_session = 0; // counts the calls that begin or end a connection: a slot of one may begin the next
     QString m_userGroup;
     Status m_status = Disconnected;
-    bool m_publicationsAlive = true;
     QVersionNumber m_serverVersion;
 };
