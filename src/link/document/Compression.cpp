@@ -11,8 +11,8 @@ namespace {
 
 constexpr int headerSize = 4; // the declared size
 
-// An array of Qt 5 holds no more, and qUncompress refuses a body that declares more.
-constexpr quint32 declaredLimit = std::numeric_limits<int>::max() - 32;
+// The largest array of Qt 5 and its header: qUncompress refuses a body that declares as much.
+constexpr quint32 declaredLimit = std::numeric_limits<int>::max() - 24;
 
 // One pass of zlib over a packed body; the stream is released with it.
 class Inflater
@@ -54,19 +54,14 @@ private:
     bool m_ready = false;
 };
 
-QByteArray damaged()
-{
-    qDebug("A packed body is damaged");
-    return {};
-}
-
-// The first room: what the body declares, but never more than a few times what really came.
+// The first room: what the body declares, but never more than a likely multiple of what really came. One byte more than
+// the output lets zlib reach the end of the stream in the same step.
 int firstRoom(quint32 declared, int packedSize, qint64 limit)
 {
     constexpr qint64 smallest = 256;
-    constexpr qint64 likelyRatio = 16; // documents pack to between a tenth and a twentieth
-    const qint64 likely = std::max(smallest, likelyRatio * packedSize);
-    return static_cast<int>(std::min({std::max<qint64>(declared, smallest), likely, limit + 1}));
+    constexpr qint64 likelyRatio = 32; // lists of equal records pack to a twentieth
+    return static_cast<int>(
+        std::min({std::max(declared + 1LL, smallest), smallest + likelyRatio * packedSize, limit + 1}));
 }
 
 } // namespace
@@ -77,12 +72,12 @@ boost::optional<QByteArray> Compression::unpack(const QByteArray &packed, qint64
         return QByteArray(); // qCompress writes an empty array as four zero bytes
     const auto declared = qFromBigEndian<quint32>(packed.constData());
     if (declared >= declaredLimit)
-        return damaged();
+        return QByteArray();
     limit = qBound<qint64>(0, limit, std::numeric_limits<int>::max() / 2);
 
     Inflater inflater(packed);
     if (!inflater.isReady())
-        return damaged();
+        return QByteArray();
     QByteArray unpacked;
     qint64 room = firstRoom(declared, packed.size(), limit);
     qint64 size = 0;
@@ -98,7 +93,7 @@ boost::optional<QByteArray> Compression::unpack(const QByteArray &packed, qint64
         if (result == Z_STREAM_END)
             break; // what follows the stream is passed over
         if (result != Z_OK)
-            return damaged();
+            return QByteArray();
         room = std::min(2 * room, limit + 1);
     }
     unpacked.resize(static_cast<int>(size));

@@ -6,7 +6,7 @@ namespace JsonAPI {
 Entity::Entity(const QString &type, const QString &id)
     : type(type)
     , id(id)
-{ }
+{}
 
 Entity::Entity(const QVariant &map)
     : relationships(map)
@@ -17,7 +17,10 @@ Entity::Entity(const QVariant &map)
     attributes = fields.value("attributes").toMap();
 }
 
-void Entity::setAttribute(const QString &key, const QVariant &value) { attributes.insert(key, value); }
+void Entity::setAttribute(const QString &key, const QVariant &value)
+{
+    attributes.insert(key, value);
+}
 
 QVariant Entity::toVariant() const
 {

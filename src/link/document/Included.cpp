@@ -7,6 +7,6 @@ namespace JsonAPI {
 
 Included::Included(const QVariant &variant)
     : m_entities(variant.type() == QVariant::Map ? variant.toMap().value("included").toList() : variant.toList())
-{ }
+{}
 
 } // namespace JsonAPI

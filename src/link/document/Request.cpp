@@ -32,13 +32,16 @@ std::vector<Entity> filtered(const std::vector<Entity> &entities, Predicate pred
     return result;
 }
 
-bool hasUid(const Entity &entity) { return !QUuid(entity.id).isNull(); }
+bool hasUid(const Entity &entity)
+{
+    return !QUuid(entity.id).isNull();
+}
 
 } // namespace
 
 Request::Request()
     : clientVersion(Version::number())
-{ }
+{}
 
 Request::Request(const QVariant &document)
     : Request()
@@ -93,9 +96,15 @@ Request Request::deleteRequest(const QString &type, const QString &id)
     return request;
 }
 
-Entity Request::datum() const { return data.empty() ? Entity() : data.front(); }
+Entity Request::datum() const
+{
+    return data.empty() ? Entity() : data.front();
+}
 
-std::vector<Entity> Request::withUid() const { return filtered(data, hasUid); }
+std::vector<Entity> Request::withUid() const
+{
+    return filtered(data, hasUid);
+}
 
 std::vector<Entity> Request::withoutUid() const
 {
@@ -134,6 +143,9 @@ QVariant Request::toVariant() const
     };
 }
 
-QByteArray Request::toByteArray() const { return QJsonDocument::fromVariant(toVariant()).toJson(); }
+QByteArray Request::toByteArray() const
+{
+    return QJsonDocument::fromVariant(toVariant()).toJson();
+}
 
 } // namespace JsonAPI

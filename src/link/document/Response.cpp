@@ -10,7 +10,7 @@ namespace JsonAPI {
 
 Response::Response()
     : serverVersion(Version::number())
-{ }
+{}
 
 Response::Response(const QVariant &entity)
     : Response()

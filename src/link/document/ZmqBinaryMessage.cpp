@@ -26,7 +26,7 @@ class ByteConsumer
 public:
     explicit ByteConsumer(const QByteArray &bytes)
         : m_bytes(bytes)
-    { }
+    {}
 
     bool atEnd() const { return m_position == m_bytes.size(); }
 
@@ -60,9 +60,15 @@ private:
 
 } // namespace
 
-ZmqBinaryMessage::ZmqBinaryMessage(const QByteArray &topic) { add("topic", topic); }
+ZmqBinaryMessage::ZmqBinaryMessage(const QByteArray &topic)
+{
+    add("topic", topic);
+}
 
-void ZmqBinaryMessage::add(const QByteArray &key, const QByteArray &value) { m_entries.push_back({key, value}); }
+void ZmqBinaryMessage::add(const QByteArray &key, const QByteArray &value)
+{
+    m_entries.push_back({key, value});
+}
 
 const QByteArray *ZmqBinaryMessage::get(const QByteArray &key) const
 {

@@ -17,7 +17,7 @@ ZmqMessageHeader::ZmqMessageHeader(std::initializer_list<Flags> flags, const QBy
 ZmqMessageHeader::ZmqMessageHeader(quint8 flags, const QByteArray &id)
     : m_flags(flags)
     , m_id(id)
-{ }
+{}
 
 void ZmqMessageHeader::setCompressed(bool compressed)
 {
