@@ -17,25 +17,55 @@ Result success(const QByteArray &key, const QVariant &value)
 
 } // namespace
 
-Result Result::ok() { return {}; }
+Result Result::ok()
+{
+    return {};
+}
 
-Result Result::ok(const QByteArray &key, const QString &id) { return success(key + "/uid", id); }
+Result Result::ok(const QByteArray &key, const QString &id)
+{
+    return success(key + "/uid", id);
+}
 
-Result Result::added(const QString &id) { return ok("added", id); }
+Result Result::added(const QString &id)
+{
+    return ok("added", id);
+}
 
-Result Result::added(const QUuid &uid) { return added(uid.toString()); }
+Result Result::added(const QUuid &uid)
+{
+    return added(uid.toString());
+}
 
-Result Result::changed(const QString &id) { return ok("changed", id); }
+Result Result::changed(const QString &id)
+{
+    return ok("changed", id);
+}
 
-Result Result::changed(const QUuid &uid) { return changed(uid.toString()); }
+Result Result::changed(const QUuid &uid)
+{
+    return changed(uid.toString());
+}
 
-Result Result::deleted(const QString &id) { return ok("deleted", id); }
+Result Result::deleted(const QString &id)
+{
+    return ok("deleted", id);
+}
 
-Result Result::deleted(const QUuid &uid) { return deleted(uid.toString()); }
+Result Result::deleted(const QUuid &uid)
+{
+    return deleted(uid.toString());
+}
 
-Result Result::custom(const QByteArray &key, const QVariant &value) { return success(key, value); }
+Result Result::custom(const QByteArray &key, const QVariant &value)
+{
+    return success(key, value);
+}
 
-Result Result::data(const QVariant &value) { return success("data", value); }
+Result Result::data(const QVariant &value)
+{
+    return success("data", value);
+}
 
 Result Result::error(const QString &code, const QString &title, const QString &detail)
 {
@@ -44,7 +74,10 @@ Result Result::error(const QString &code, const QString &title, const QString &d
     return result;
 }
 
-boost::optional<Result::Error> Result::getError() const { return failure; }
+boost::optional<Result::Error> Result::getError() const
+{
+    return failure;
+}
 
 boost::optional<Result::Success> Result::getResult() const
 {

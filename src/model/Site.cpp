@@ -7,7 +7,10 @@ namespace Model {
 
 namespace {
 
-auto fields(const ShopPart &part) { return std::tie(part.uid, part.name); }
+auto fields(const ShopPart &part)
+{
+    return std::tie(part.uid, part.name);
+}
 
 auto fields(const Zone &zone)
 {
@@ -26,12 +29,24 @@ auto fields(const Shop &shop)
 
 } // namespace
 
-bool operator==(const ShopPart &left, const ShopPart &right) { return fields(left) == fields(right); }
+bool operator==(const ShopPart &left, const ShopPart &right)
+{
+    return fields(left) == fields(right);
+}
 
-bool operator==(const Zone &left, const Zone &right) { return fields(left) == fields(right); }
+bool operator==(const Zone &left, const Zone &right)
+{
+    return fields(left) == fields(right);
+}
 
-bool operator==(const TextLabel &left, const TextLabel &right) { return fields(left) == fields(right); }
+bool operator==(const TextLabel &left, const TextLabel &right)
+{
+    return fields(left) == fields(right);
+}
 
-bool operator==(const Shop &left, const Shop &right) { return fields(left) == fields(right); }
+bool operator==(const Shop &left, const Shop &right)
+{
+    return fields(left) == fields(right);
+}
 
 } // namespace Model

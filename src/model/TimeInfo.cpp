@@ -7,10 +7,16 @@ namespace Model {
 
 namespace {
 
-auto fields(const TimeInfo &info) { return std::tie(info.time, info.timezone, info.ntp, info.timezones); }
+auto fields(const TimeInfo &info)
+{
+    return std::tie(info.time, info.timezone, info.ntp, info.timezones);
+}
 
 } // namespace
 
-bool operator==(const TimeInfo &left, const TimeInfo &right) { return fields(left) == fields(right); }
+bool operator==(const TimeInfo &left, const TimeInfo &right)
+{
+    return fields(left) == fields(right);
+}
 
 } // namespace Model

@@ -14,8 +14,14 @@ auto fields(const UserInfo &user)
 
 } // namespace
 
-bool UserInfo::hasAccess(const QUuid &zoneUid) const { return !zonesWhitelist || zonesWhitelist->contains(zoneUid); }
+bool UserInfo::hasAccess(const QUuid &zoneUid) const
+{
+    return !zonesWhitelist || zonesWhitelist->contains(zoneUid);
+}
 
-bool operator==(const UserInfo &left, const UserInfo &right) { return fields(left) == fields(right); }
+bool operator==(const UserInfo &left, const UserInfo &right)
+{
+    return fields(left) == fields(right);
+}
 
 } // namespace Model
