@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "demo/DemoSite.h"
+#include "demo/SiteClock.h"
+#include "link/document/Request.h"
+#include "link/document/Response.h"
+#include "link/document/ZmqBinaryMessage.h"
+
+#include <boost/optional.hpp>
+#include <vector>
+
+namespace Demo {
+
+// What a resource works on.
+struct Context
+{
+    DemoSite &site;
+    SiteClock &clock;
+};
+
+// A reply document, or a binary one where the resource gives a file.
+struct Outcome
+{
+    Outcome(const JsonAPI::Response &response)
+        : response(response)
+    {}
+    Outcome(const ZmqBinaryMessage &file)
+        : binary(file)
+    {}
+
+    JsonAPI::Response response;
+    boost::optional<ZmqBinaryMessage> binary;
+};
+
+enum class Access { User, Admin };
+
+// One row of the table of requests: who may ask it, and what answers. A request that comes this far is readable, and
+// its user is logged in and set.
+struct Resource
+{
+    const char *name;
+    JsonAPI::Request::Method method;
+    Access access;
+    Outcome (*answer)(Context &context, const JsonAPI::Request &request);
+    bool takesId = false; // whether the link may name a record
+};
+
+// The same for uploads, told apart by their topic.
+struct Upload
+{
+    const char *topic;
+    Access access;
+    Outcome (*answer)(Context &context, const ZmqBinaryMessage &message);
+};
+
+const std::vector<Resource> &siteResources(); // plans, zones, devices and what acts on them
+const std::vector<Resource> &systemResources(); // users, clock, backup and the like
+const std::vector<Upload> &uploads();
+
+} // namespace Demo
