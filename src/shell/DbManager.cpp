@@ -48,7 +48,8 @@ void keepForOwner(const QString &path)
     const auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
     const auto others =
         QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
-    for (const QString &name : companionsOf(path) << path) {
+    const QStringList names = companionsOf(path) << path;
+    for (const QString &name : names) {
         const auto permissions = QFile::permissions(name);
         if (permissions & others)
             QFile::setPermissions(name, permissions & ownerOnly);
