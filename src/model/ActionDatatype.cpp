@@ -41,14 +41,17 @@ const QHash<QString, EntityType> &entityTypeWords()
 
 ActionDatatype::EntityDatatype::EntityDatatype(const QUuid &uid)
     : uid(uid)
-{ }
+{}
 
 ActionDatatype::EntityDatatype::EntityDatatype(EntityType type, const QUuid &uid)
     : type(type)
     , uid(uid)
-{ }
+{}
 
-QString ActionDatatype::EntityDatatype::typeToString(EntityType type) { return entityTypeWords().key(type); }
+QString ActionDatatype::EntityDatatype::typeToString(EntityType type)
+{
+    return entityTypeWords().key(type);
+}
 
 ActionDatatype::EntityDatatype::EntityType ActionDatatype::EntityDatatype::typeFromString(const QString &text)
 {
@@ -58,72 +61,88 @@ ActionDatatype::EntityDatatype::EntityType ActionDatatype::EntityDatatype::typeF
 ActionDatatype::ActionDatatype(long long value)
     : m_type(Type::Integer)
     , m_value(value)
-{ }
+{}
 
 ActionDatatype::ActionDatatype(double value)
     : m_type(Type::Double)
     , m_value(value)
-{ }
+{}
 
 ActionDatatype::ActionDatatype(bool value)
     : m_type(Type::Bool)
     , m_value(value)
-{ }
+{}
 
 ActionDatatype::ActionDatatype(const QString &value)
     : m_type(Type::String)
     , m_value(value)
-{ }
+{}
 
 ActionDatatype::ActionDatatype(const List &value)
     : m_type(Type::List)
     , m_value(value)
-{ }
+{}
 
 ActionDatatype::ActionDatatype(const EntityDatatype &value)
     : m_type(Type::Entity)
     , m_value(value)
-{ }
+{}
 
 ActionDatatype::ActionDatatype(const EnumDatatype &value)
     : m_type(Type::Enum)
     , m_value(value)
-{ }
+{}
 
 ActionDatatype::ActionDatatype(const QVariant &value)
     : ActionDatatype(readVariant(value, 0))
-{ }
+{}
 
-ActionDatatype ActionDatatype::device(const QUuid &uid) { return EntityDatatype(EntityType::Device, uid); }
+ActionDatatype ActionDatatype::device(const QUuid &uid)
+{
+    return EntityDatatype(EntityType::Device, uid);
+}
 
-ActionDatatype ActionDatatype::zone(const QUuid &uid) { return EntityDatatype(EntityType::Zone, uid); }
+ActionDatatype ActionDatatype::zone(const QUuid &uid)
+{
+    return EntityDatatype(EntityType::Zone, uid);
+}
 
-ActionDatatype ActionDatatype::button(const QUuid &uid) { return EntityDatatype(EntityType::Button, uid); }
+ActionDatatype ActionDatatype::button(const QUuid &uid)
+{
+    return EntityDatatype(EntityType::Button, uid);
+}
 
-ActionDatatype ActionDatatype::part(const QUuid &uid) { return EntityDatatype(EntityType::Part, uid); }
+ActionDatatype ActionDatatype::part(const QUuid &uid)
+{
+    return EntityDatatype(EntityType::Part, uid);
+}
 
-ActionDatatype ActionDatatype::indicator(const QUuid &uid) { return EntityDatatype(EntityType::Indicator, uid); }
+ActionDatatype ActionDatatype::indicator(const QUuid &uid)
+{
+    return EntityDatatype(EntityType::Indicator, uid);
+}
 
-QString ActionDatatype::typeToString(Type type) { return typeWords().key(type); }
+QString ActionDatatype::typeToString(Type type)
+{
+    return typeWords().key(type);
+}
 
-ActionDatatype::Type ActionDatatype::typeFromString(const QString &text) { return typeWords().value(text, Type::Void); }
+ActionDatatype::Type ActionDatatype::typeFromString(const QString &text)
+{
+    return typeWords().value(text, Type::Void);
+}
 
 long long ActionDatatype::toInteger() const
 {
     switch (m_type) {
-    case Type::Integer:
-        return boost::get<long long>(m_value);
-    case Type::Double:
-        return saturated(boost::get<double>(m_value));
-    case Type::Bool:
-        return boost::get<bool>(m_value) ? 1 : 0;
-    case Type::Enum:
-        return boost::get<EnumDatatype>(m_value).index;
+    case Type::Integer: return boost::get<long long>(m_value);
+    case Type::Double: return saturated(boost::get<double>(m_value));
+    case Type::Bool: return boost::get<bool>(m_value) ? 1 : 0;
+    case Type::Enum: return boost::get<EnumDatatype>(m_value).index;
     case Type::Void:
     case Type::String:
     case Type::List:
-    case Type::Entity:
-        break;
+    case Type::Entity: break;
     }
     return 0;
 }
@@ -131,17 +150,14 @@ long long ActionDatatype::toInteger() const
 double ActionDatatype::toDouble() const
 {
     switch (m_type) {
-    case Type::Double:
-        return boost::get<double>(m_value);
+    case Type::Double: return boost::get<double>(m_value);
     case Type::Integer:
     case Type::Bool:
-    case Type::Enum:
-        return static_cast<double>(toInteger());
+    case Type::Enum: return static_cast<double>(toInteger());
     case Type::Void:
     case Type::String:
     case Type::List:
-    case Type::Entity:
-        break;
+    case Type::Entity: break;
     }
     return 0.0;
 }
@@ -149,22 +165,14 @@ double ActionDatatype::toDouble() const
 bool ActionDatatype::toBool() const
 {
     switch (m_type) {
-    case Type::Void:
-        return false;
-    case Type::Integer:
-        return boost::get<long long>(m_value) != 0;
-    case Type::Double:
-        return boost::get<double>(m_value) != 0.0;
-    case Type::Bool:
-        return boost::get<bool>(m_value);
-    case Type::String:
-        return !boost::get<QString>(m_value).isEmpty();
-    case Type::List:
-        return !boost::get<List>(m_value).empty();
-    case Type::Entity:
-        return !boost::get<EntityDatatype>(m_value).uid.isNull();
-    case Type::Enum:
-        return boost::get<EnumDatatype>(m_value).index != 0;
+    case Type::Void: return false;
+    case Type::Integer: return boost::get<long long>(m_value) != 0;
+    case Type::Double: return boost::get<double>(m_value) != 0.0;
+    case Type::Bool: return boost::get<bool>(m_value);
+    case Type::String: return !boost::get<QString>(m_value).isEmpty();
+    case Type::List: return !boost::get<List>(m_value).empty();
+    case Type::Entity: return !boost::get<EntityDatatype>(m_value).uid.isNull();
+    case Type::Enum: return boost::get<EnumDatatype>(m_value).index != 0;
     }
     return false;
 }
@@ -172,17 +180,12 @@ bool ActionDatatype::toBool() const
 QString ActionDatatype::toString() const
 {
     switch (m_type) {
-    case Type::Void:
-        return {};
+    case Type::Void: return {};
     case Type::Integer:
-    case Type::Enum:
-        return QString::number(toInteger());
-    case Type::Double:
-        return QString::number(boost::get<double>(m_value), 'g', 6);
-    case Type::Bool:
-        return boost::get<bool>(m_value) ? QStringLiteral("True") : QStringLiteral("False");
-    case Type::String:
-        return boost::get<QString>(m_value);
+    case Type::Enum: return QString::number(toInteger());
+    case Type::Double: return QString::number(boost::get<double>(m_value), 'g', 6);
+    case Type::Bool: return boost::get<bool>(m_value) ? QStringLiteral("True") : QStringLiteral("False");
+    case Type::String: return boost::get<QString>(m_value);
     case Type::List: {
         QStringList texts;
         for (const auto &element : boost::get<List>(m_value))
@@ -227,22 +230,14 @@ ActionDatatype::EnumDatatype ActionDatatype::toEnum() const
 ActionDatatype::Union ActionDatatype::toType(Type type) const
 {
     switch (type) {
-    case Type::Void:
-        return 0LL;
-    case Type::Integer:
-        return toInteger();
-    case Type::Double:
-        return toDouble();
-    case Type::Bool:
-        return toBool();
-    case Type::String:
-        return toString();
-    case Type::List:
-        return toList();
-    case Type::Entity:
-        return toEntity();
-    case Type::Enum:
-        return toEnum();
+    case Type::Void: return 0LL;
+    case Type::Integer: return toInteger();
+    case Type::Double: return toDouble();
+    case Type::Bool: return toBool();
+    case Type::String: return toString();
+    case Type::List: return toList();
+    case Type::Entity: return toEntity();
+    case Type::Enum: return toEnum();
     }
     return 0LL;
 }
@@ -271,25 +266,19 @@ void ActionDatatype::setValue(const ActionDatatype &other)
 QVariant ActionDatatype::valueToVariant() const
 {
     switch (m_type) {
-    case Type::Void:
-        return {};
+    case Type::Void: return {};
     case Type::Integer:
-    case Type::Enum:
-        return QVariant(toInteger());
-    case Type::Double:
-        return boost::get<double>(m_value);
-    case Type::Bool:
-        return boost::get<bool>(m_value);
-    case Type::String:
-        return boost::get<QString>(m_value);
+    case Type::Enum: return QVariant(toInteger());
+    case Type::Double: return boost::get<double>(m_value);
+    case Type::Bool: return boost::get<bool>(m_value);
+    case Type::String: return boost::get<QString>(m_value);
     case Type::List: {
         QVariantList list;
         for (const auto &element : boost::get<List>(m_value))
             list.append(element.valueToVariant());
         return list;
     }
-    case Type::Entity:
-        return boost::get<EntityDatatype>(m_value).uid.toString();
+    case Type::Entity: return boost::get<EntityDatatype>(m_value).uid.toString();
     }
     return {};
 }
@@ -304,9 +293,7 @@ QVariant ActionDatatype::toVariantMap() const
     case Type::Integer:
     case Type::Double:
     case Type::Bool:
-    case Type::String:
-        value = valueToVariant();
-        break;
+    case Type::String: value = valueToVariant(); break;
     case Type::List: {
         QVariantList list;
         for (const auto &element : boost::get<List>(m_value))
@@ -319,39 +306,33 @@ QVariant ActionDatatype::toVariantMap() const
         value = QVariantMap{{"type", EntityDatatype::typeToString(entity.type)}, {"uid", entity.uid.toString()}};
         break;
     }
-    case Type::Enum:
-        value = QVariantMap{{"index", toInteger()}};
-        break;
+    case Type::Enum: value = QVariantMap{{"index", toInteger()}}; break;
     }
     return QVariantMap{{"type", typeToString(m_type)}, {"value", value}};
 }
 
-ActionDatatype ActionDatatype::fromVariantMap(const QVariant &map) { return readMap(map, 0); }
+ActionDatatype ActionDatatype::fromVariantMap(const QVariant &map)
+{
+    return readMap(map, 0);
+}
 
 ActionDatatype ActionDatatype::readMap(const QVariant &variant, int depth)
 {
     const auto map = variant.toMap();
     const auto value = map.value("value");
     switch (typeFromString(map.value("type").toString())) {
-    case Type::Void:
-        break;
-    case Type::Integer:
-        return integerFrom(value);
-    case Type::Double:
-        return value.toDouble();
-    case Type::Bool:
-        return value.toBool();
-    case Type::String:
-        return value.toString();
-    case Type::List:
-        return readList(value.toList(), depth, readMap);
+    case Type::Void: break;
+    case Type::Integer: return integerFrom(value);
+    case Type::Double: return value.toDouble();
+    case Type::Bool: return value.toBool();
+    case Type::String: return value.toString();
+    case Type::List: return readList(value.toList(), depth, readMap);
     case Type::Entity: {
         const auto entity = value.toMap();
         return EntityDatatype(EntityDatatype::typeFromString(entity.value("type").toString()),
                               entity.value("uid").toUuid());
     }
-    case Type::Enum:
-        return EnumDatatype{integerFrom(value.toMap().value("index"))};
+    case Type::Enum: return EnumDatatype{integerFrom(value.toMap().value("index"))};
     }
     return {};
 }
@@ -360,25 +341,18 @@ ActionDatatype ActionDatatype::readVariant(const QVariant &variant, int depth)
 {
     const int type = variant.userType();
     switch (type) {
-    case QMetaType::Bool:
-        return variant.toBool();
+    case QMetaType::Bool: return variant.toBool();
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-        return variant.toLongLong();
+    case QMetaType::ULongLong: return variant.toLongLong();
     case QMetaType::Double:
-    case QMetaType::Float:
-        return variant.toDouble();
+    case QMetaType::Float: return variant.toDouble();
     case QMetaType::QString:
-    case QMetaType::QChar:
-        return variant.toString();
-    case QMetaType::QVariantMap:
-        return readMap(variant, depth);
-    case QMetaType::QVariantList:
-        return readList(variant.toList(), depth, readVariant);
-    case QMetaType::QUuid:
-        return EntityDatatype(variant.toUuid());
+    case QMetaType::QChar: return variant.toString();
+    case QMetaType::QVariantMap: return readMap(variant, depth);
+    case QMetaType::QVariantList: return readList(variant.toList(), depth, readVariant);
+    case QMetaType::QUuid: return EntityDatatype(variant.toUuid());
     }
     if (type < QMetaType::User || !variant.canConvert<QJSValue>())
         return {};

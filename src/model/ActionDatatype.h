@@ -99,7 +99,10 @@ private:
 };
 
 bool operator==(const ActionDatatype &left, const ActionDatatype &right);
-inline bool operator!=(const ActionDatatype &left, const ActionDatatype &right) { return !(left == right); }
+inline bool operator!=(const ActionDatatype &left, const ActionDatatype &right)
+{
+    return !(left == right);
+}
 bool operator==(const ActionDatatype::EntityDatatype &left, const ActionDatatype::EntityDatatype &right);
 bool operator==(const ActionDatatype::EnumDatatype &left, const ActionDatatype::EnumDatatype &right);
 

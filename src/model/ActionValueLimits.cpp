@@ -49,60 +49,61 @@ ActionValueLimits::ListLimits ActionValueLimits::ListLimits::fromValueLimits(con
 ActionValueLimits ActionValueLimits::ListLimits::toValueLimits() const
 {
     switch (listType) {
-    case Type::Integer:
-        return heldOrDefault<IntegerLimits>(elementLimits);
-    case Type::Double:
-        return heldOrDefault<DoubleLimits>(elementLimits);
-    case Type::String:
-        return heldOrDefault<StringLimits>(elementLimits);
-    case Type::Entity:
-        return heldOrDefault<EntityLimits>(elementLimits);
+    case Type::Integer: return heldOrDefault<IntegerLimits>(elementLimits);
+    case Type::Double: return heldOrDefault<DoubleLimits>(elementLimits);
+    case Type::String: return heldOrDefault<StringLimits>(elementLimits);
+    case Type::Entity: return heldOrDefault<EntityLimits>(elementLimits);
     case Type::Void:
     case Type::Bool:
     case Type::List:
-    case Type::Enum:
-        break;
+    case Type::Enum: break;
     }
     return ActionValueLimits(listType);
 }
 
 ActionValueLimits::ActionValueLimits(Type type)
     : m_type(type)
-{ }
+{}
 
 ActionValueLimits::ActionValueLimits(const IntegerLimits &limits)
     : m_type(Type::Integer)
     , m_limits(limits)
-{ }
+{}
 
 ActionValueLimits::ActionValueLimits(const DoubleLimits &limits)
     : m_type(Type::Double)
     , m_limits(limits)
-{ }
+{}
 
 ActionValueLimits::ActionValueLimits(const EntityLimits &limits)
     : m_type(Type::Entity)
     , m_limits(limits)
-{ }
+{}
 
 ActionValueLimits::ActionValueLimits(const ListLimits &limits)
     : m_type(Type::List)
     , m_limits(limits)
-{ }
+{}
 
 ActionValueLimits::ActionValueLimits(const StringLimits &limits)
     : m_type(Type::String)
     , m_limits(limits)
-{ }
+{}
 
 ActionValueLimits::ActionValueLimits(const EnumLimits &limits)
     : m_type(Type::Enum)
     , m_limits(limits)
-{ }
+{}
 
-ActionValueLimits ActionValueLimits::integer(long long min, long long max) { return IntegerLimits{min, max}; }
+ActionValueLimits ActionValueLimits::integer(long long min, long long max)
+{
+    return IntegerLimits{min, max};
+}
 
-ActionValueLimits ActionValueLimits::real(double min, double max) { return DoubleLimits{min, max}; }
+ActionValueLimits ActionValueLimits::real(double min, double max)
+{
+    return DoubleLimits{min, max};
+}
 
 ActionValueLimits ActionValueLimits::entity(EntityType entityType, const QString &filter)
 {
@@ -114,7 +115,10 @@ ActionValueLimits ActionValueLimits::string(int minLength, int maxLength, const 
     return StringLimits{minLength, maxLength, regex};
 }
 
-ActionValueLimits ActionValueLimits::enumeration(const QStringList &items) { return EnumLimits{items}; }
+ActionValueLimits ActionValueLimits::enumeration(const QStringList &items)
+{
+    return EnumLimits{items};
+}
 
 ActionValueLimits ActionValueLimits::list(Type type, int minLength, int maxLength)
 {
@@ -126,48 +130,59 @@ ActionValueLimits ActionValueLimits::list(const ActionValueLimits &elementLimits
     return ListLimits(elementLimits, minLength, maxLength);
 }
 
-bool ActionValueLimits::hasLimits() const { return !boost::get<boost::blank>(&m_limits); }
+bool ActionValueLimits::hasLimits() const
+{
+    return !boost::get<boost::blank>(&m_limits);
+}
 
-void ActionValueLimits::clearLimits() { m_limits = boost::blank(); }
+void ActionValueLimits::clearLimits()
+{
+    m_limits = boost::blank();
+}
 
 void ActionValueLimits::fillDefaultLimits()
 {
     switch (m_type) {
-    case Type::Integer:
-        m_limits = IntegerLimits();
-        break;
-    case Type::Double:
-        m_limits = DoubleLimits();
-        break;
-    case Type::Entity:
-        m_limits = EntityLimits();
-        break;
-    case Type::String:
-        m_limits = StringLimits();
-        break;
-    case Type::List:
-        m_limits = ListLimits();
-        break;
-    case Type::Enum:
-        m_limits = EnumLimits();
-        break;
+    case Type::Integer: m_limits = IntegerLimits(); break;
+    case Type::Double: m_limits = DoubleLimits(); break;
+    case Type::Entity: m_limits = EntityLimits(); break;
+    case Type::String: m_limits = StringLimits(); break;
+    case Type::List: m_limits = ListLimits(); break;
+    case Type::Enum: m_limits = EnumLimits(); break;
     case Type::Void:
-    case Type::Bool:
-        break;
+    case Type::Bool: break;
     }
 }
 
-ActionValueLimits::IntegerLimits ActionValueLimits::toInteger() const { return heldOrDefault<IntegerLimits>(m_limits); }
+ActionValueLimits::IntegerLimits ActionValueLimits::toInteger() const
+{
+    return heldOrDefault<IntegerLimits>(m_limits);
+}
 
-ActionValueLimits::DoubleLimits ActionValueLimits::toDouble() const { return heldOrDefault<DoubleLimits>(m_limits); }
+ActionValueLimits::DoubleLimits ActionValueLimits::toDouble() const
+{
+    return heldOrDefault<DoubleLimits>(m_limits);
+}
 
-ActionValueLimits::EntityLimits ActionValueLimits::toEntity() const { return heldOrDefault<EntityLimits>(m_limits); }
+ActionValueLimits::EntityLimits ActionValueLimits::toEntity() const
+{
+    return heldOrDefault<EntityLimits>(m_limits);
+}
 
-ActionValueLimits::StringLimits ActionValueLimits::toString() const { return heldOrDefault<StringLimits>(m_limits); }
+ActionValueLimits::StringLimits ActionValueLimits::toString() const
+{
+    return heldOrDefault<StringLimits>(m_limits);
+}
 
-ActionValueLimits::EnumLimits ActionValueLimits::toEnum() const { return heldOrDefault<EnumLimits>(m_limits); }
+ActionValueLimits::EnumLimits ActionValueLimits::toEnum() const
+{
+    return heldOrDefault<EnumLimits>(m_limits);
+}
 
-ActionValueLimits::ListLimits ActionValueLimits::toList() const { return heldOrDefault<ListLimits>(m_limits); }
+ActionValueLimits::ListLimits ActionValueLimits::toList() const
+{
+    return heldOrDefault<ListLimits>(m_limits);
+}
 
 void ActionValueLimits::tighten(const ActionValueLimits &other)
 {
@@ -179,14 +194,9 @@ void ActionValueLimits::tighten(const ActionValueLimits &other)
         return;
     switch (m_type) {
     case Type::Void:
-    case Type::Bool:
-        break;
-    case Type::Integer:
-        m_limits = narrowed(toInteger(), other.toInteger());
-        break;
-    case Type::Double:
-        m_limits = narrowed(toDouble(), other.toDouble());
-        break;
+    case Type::Bool: break;
+    case Type::Integer: m_limits = narrowed(toInteger(), other.toInteger()); break;
+    case Type::Double: m_limits = narrowed(toDouble(), other.toDouble()); break;
     case Type::String: {
         const auto own = toString();
         const auto given = other.toString();
@@ -207,9 +217,7 @@ void ActionValueLimits::tighten(const ActionValueLimits &other)
         m_limits = own.items.isEmpty() ? other.toEnum() : own;
         break;
     }
-    case Type::List:
-        tightenList(other.toList());
-        break;
+    case Type::List: tightenList(other.toList()); break;
     }
 }
 
@@ -237,8 +245,7 @@ QVariant ActionValueLimits::toVariant() const
     QVariantMap map{{"type", ActionDatatype::typeToString(m_type)}};
     switch (m_type) {
     case Type::Void:
-    case Type::Bool:
-        break;
+    case Type::Bool: break;
     case Type::Integer: {
         const auto limits = toInteger();
         map.insert("min", std::max(limits.min, minInteger));
@@ -288,10 +295,8 @@ ActionValueLimits ActionValueLimits::fromVariant(const QVariant &variant)
     const auto map = variant.toMap();
     const auto type = ActionDatatype::typeFromString(map.value("type").toString());
     switch (type) {
-    case Type::Integer:
-        return integer(integerFrom(map.value("min")), integerFrom(map.value("max")));
-    case Type::Double:
-        return real(map.value("min").toDouble(), map.value("max").toDouble());
+    case Type::Integer: return integer(integerFrom(map.value("min")), integerFrom(map.value("max")));
+    case Type::Double: return real(map.value("min").toDouble(), map.value("max").toDouble());
     case Type::String:
         return string(intFrom(map.value("minLength")), intFrom(map.value("maxLength")), map.value("regex").toString());
     case Type::List: {
@@ -305,11 +310,9 @@ ActionValueLimits ActionValueLimits::fromVariant(const QVariant &variant)
     case Type::Entity:
         return entity(ActionDatatype::EntityDatatype::typeFromString(map.value("entityType").toString()),
                       map.value("filter").toString());
-    case Type::Enum:
-        return enumeration(map.value("items").toStringList());
+    case Type::Enum: return enumeration(map.value("items").toStringList());
     case Type::Void:
-    case Type::Bool:
-        break;
+    case Type::Bool: break;
     }
     return ActionValueLimits(type);
 }

@@ -56,7 +56,10 @@ ActionWrapper ActionWrapper::fromVariant(const QVariant &variant)
     return wrapper;
 }
 
-bool operator==(const ActionSequence &left, const ActionSequence &right) { return left.instances == right.instances; }
+bool operator==(const ActionSequence &left, const ActionSequence &right)
+{
+    return left.instances == right.instances;
+}
 
 bool operator==(const ActionWrapper &left, const ActionWrapper &right)
 {

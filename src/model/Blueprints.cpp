@@ -12,17 +12,23 @@ namespace Model {
 ExposedPropertyValue::ExposedPropertyValue(const QString &property, const ActionDatatype &value)
     : property(property)
     , value(value)
-{ }
+{}
 
 ExposedPropertyValue::ExposedPropertyValue(const QUuid &node, const QString &property, const ActionDatatype &value)
     : node(node)
     , property(property)
     , value(value)
-{ }
+{}
 
-QString ExposedPropertyValue::globalID() const { return node.isNull() ? property : node.toString() + '|' + property; }
+QString ExposedPropertyValue::globalID() const
+{
+    return node.isNull() ? property : node.toString() + '|' + property;
+}
 
-bool ExposedPropertyValue::isValid() const { return !property.isEmpty(); }
+bool ExposedPropertyValue::isValid() const
+{
+    return !property.isEmpty();
+}
 
 QVariant ExposedPropertyValue::toVariant() const
 {

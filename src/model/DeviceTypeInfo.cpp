@@ -106,7 +106,7 @@ DeviceTypeInfo::DeviceTypeInfo(const QUrl &url, int version, int sortOrder, cons
     , statistics(statistics)
     , uniqueAddress(uniqueAddress)
     , customAddress(customAddress)
-{ }
+{}
 
 const DeviceTypeInfo &DeviceTypeInfo::fallback()
 {
@@ -120,11 +120,20 @@ const DeviceTypeInfo &DeviceTypeInfo::fallback()
     return info;
 }
 
-bool DeviceTypeInfo::isValid() const { return version >= 1 && commonType != QLatin1String("unknown"); }
+bool DeviceTypeInfo::isValid() const
+{
+    return version >= 1 && commonType != QLatin1String("unknown");
+}
 
-QVariantMap DeviceTypeInfo::defaultParametersValues() const { return defaultValues(parameters); }
+QVariantMap DeviceTypeInfo::defaultParametersValues() const
+{
+    return defaultValues(parameters);
+}
 
-QVariantMap DeviceTypeInfo::defaultStateValues() const { return defaultValues(state); }
+QVariantMap DeviceTypeInfo::defaultStateValues() const
+{
+    return defaultValues(state);
+}
 
 QVariantMap DeviceTypeInfo::toVariant() const
 {

@@ -79,12 +79,9 @@ void readDataType(const QVariantMap &map, ActionValueLimits &limits, ActionDatat
 QString Parameter::accessToString(Access access)
 {
     switch (access) {
-    case Access::In:
-        return QStringLiteral("in");
-    case Access::Out:
-        return QStringLiteral("out");
-    case Access::InOut:
-        break;
+    case Access::In: return QStringLiteral("in");
+    case Access::Out: return QStringLiteral("out");
+    case Access::InOut: break;
     }
     return QStringLiteral("in/out");
 }
@@ -139,8 +136,7 @@ void Parameter::dataTypeToMap(const ActionValueLimits &limits, const ActionDatat
         map.insert("def", value.toEnum().index);
         break;
     case Type::Void:
-    case Type::Entity:
-        break; // the map has no word for these
+    case Type::Entity: break; // the map has no word for these
     }
 }
 

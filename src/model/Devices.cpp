@@ -13,7 +13,7 @@ DeviceDescriptor::DeviceDescriptor(const QUrl &url, const QUuid &uid, const QUui
     , data(data)
     , radioType(radioType)
     , radioIndex(radioIndex)
-{ }
+{}
 
 QVariantMap DeviceDescriptor::toVariant() const
 {

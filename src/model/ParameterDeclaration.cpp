@@ -16,9 +16,9 @@ class PropertiesWriter : public boost::static_visitor<>
 public:
     explicit PropertiesWriter(QVariantMap &map)
         : m_map(map)
-    { }
+    {}
 
-    void operator()(const boost::blank &) const { }
+    void operator()(const boost::blank &) const {}
 
     void operator()(const ParameterDeclaration::DeviceProperties &properties) const
     {
@@ -99,17 +99,13 @@ ParameterDeclaration ParameterDeclaration::fromVariant(const QVariant &variant)
     const auto identificator = map.value("identificator").toString();
     const auto description = translated(map.value("description").toString());
     switch (static_cast<Type>(intFrom(map.value("type")))) {
-    case Type::Device:
-        break;
+    case Type::Device: break;
     case Type::Number:
         return number(identificator, description, doubleFrom(map.value("defaultValue")),
                       doubleFrom(map.value("minimumValue")), doubleFrom(map.value("maximumValue")));
-    case Type::String:
-        return string(identificator, description, map.value("defaultValue").toString());
-    case Type::Action:
-        return action(identificator, description);
-    case Type::Property:
-        return property(identificator, description, map.value("stateDataFilter").toStringList());
+    case Type::String: return string(identificator, description, map.value("defaultValue").toString());
+    case Type::Action: return action(identificator, description);
+    case Type::Property: return property(identificator, description, map.value("stateDataFilter").toStringList());
     }
     return device(identificator, description, map.value("typeFilter").toStringList(),
                   map.value("persistentDataFilter").toStringList());

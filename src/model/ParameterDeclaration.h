@@ -62,7 +62,10 @@ struct ParameterDeclaration
 };
 
 bool operator==(const ParameterDeclaration &left, const ParameterDeclaration &right);
-inline bool operator!=(const ParameterDeclaration &left, const ParameterDeclaration &right) { return !(left == right); }
+inline bool operator!=(const ParameterDeclaration &left, const ParameterDeclaration &right)
+{
+    return !(left == right);
+}
 bool operator==(const ParameterDeclaration::DeviceProperties &left,
                 const ParameterDeclaration::DeviceProperties &right);
 bool operator==(const ParameterDeclaration::NumberProperties &left,
