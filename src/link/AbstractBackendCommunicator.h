@@ -191,6 +191,9 @@ protected:
     void setServerVersion(const QVersionNumber &version);
     const LinkTimings &timings() const { return m_timings; }
 
+    // The transport of requests, none without sockets.
+    nzmqt::PollingZMQContext *requestContext() const { return m_requestContext.get(); }
+
     // For the connections made from now on; the library closes one whose peer sends a larger frame.
     void setLargestMessage(qint64 bytes);
 

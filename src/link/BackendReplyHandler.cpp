@@ -3,7 +3,8 @@
 
 namespace {
 
-void runAll(const std::vector<BackendReplyHandler::ReplyCallback> &callbacks, const QByteArray &body)
+// By value: a callback may attach another one.
+void runAll(std::vector<BackendReplyHandler::ReplyCallback> callbacks, const QByteArray &body)
 {
     for (const auto &callback : callbacks)
         callback(body);
