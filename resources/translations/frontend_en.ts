@@ -5,263 +5,263 @@
     <name>AbstractBackendCommunicator</name>
     <message>
         <source>Некорректный адрес сервера (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Invalid server address (%1)</translation>
     </message>
 </context>
 <context>
     <name>BrightnessControl</name>
     <message>
         <source>Авто режим</source>
-        <translation type="unfinished"></translation>
+        <translation>Automatic mode</translation>
     </message>
     <message>
         <source>%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
 </context>
 <context>
     <name>ConnectionDisplayButton</name>
     <message>
         <source>Подключение...</source>
-        <translation type="unfinished"></translation>
+        <translation>Connecting...</translation>
     </message>
     <message>
         <source>Отключен</source>
-        <translation type="unfinished"></translation>
+        <translation>Disconnected</translation>
     </message>
     <message>
         <source>Данные не обновляются</source>
-        <translation type="unfinished"></translation>
+        <translation>Data is not being updated</translation>
     </message>
     <message>
         <source>Подключения</source>
-        <translation type="unfinished"></translation>
+        <translation>Connections</translation>
     </message>
 </context>
 <context>
     <name>ConnectionsDrawer</name>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
     <message>
         <source>Удалить</source>
-        <translation type="unfinished"></translation>
+        <translation>Delete</translation>
     </message>
     <message>
         <source>Добавить подключение</source>
-        <translation type="unfinished"></translation>
+        <translation>Add connection</translation>
     </message>
 </context>
 <context>
     <name>ConnectionsListModel</name>
     <message>
         <source>Не удалось сохранить подключение</source>
-        <translation type="unfinished"></translation>
+        <translation>The connection could not be saved</translation>
     </message>
     <message>
         <source>Не удалось удалить подключение</source>
-        <translation type="unfinished"></translation>
+        <translation>The connection could not be deleted</translation>
     </message>
     <message>
         <source>Не удалось сохранить вид подключения</source>
-        <translation type="unfinished"></translation>
+        <translation>The view of the connection could not be saved</translation>
     </message>
     <message>
         <source>Не удалось открыть сохранённые подключения</source>
-        <translation type="unfinished"></translation>
+        <translation>The saved connections could not be opened</translation>
     </message>
     <message>
         <source>Добавленные подключения будут действовать до выхода из программы. Файл: %1. Причина: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Connections that you add will last until you leave the program. File: %1. Reason: %2</translation>
     </message>
     <message>
         <source>Файл: %1. Причина: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>File: %1. Reason: %2</translation>
     </message>
 </context>
 <context>
     <name>DesktopPage</name>
     <message>
         <source>Объект пуст</source>
-        <translation type="unfinished"></translation>
+        <translation>The site is empty</translation>
     </message>
     <message>
         <source>Не создано ни одного объекта</source>
-        <translation type="unfinished"></translation>
+        <translation>No site has been created</translation>
     </message>
 </context>
 <context>
     <name>DevicesListModel</name>
     <message>
         <source>Network device-%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Network device-%1</translation>
     </message>
     <message>
         <source>Ошибка</source>
-        <translation type="unfinished"></translation>
+        <translation>Error</translation>
     </message>
 </context>
 <context>
     <name>ErrorPopup</name>
     <message>
         <source>Ок</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
     <name>JsonBackendCommunicator</name>
     <message>
         <source>Некорректный адрес сервера (%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Invalid server address (%1)</translation>
     </message>
     <message>
         <source>Внимание! Версия клиента (%1) новее, чем версия сервера (%2). Для продолжения работы, воспользуйтесь более старой версией программы или обновите прошивку сервера.</source>
-        <translation type="unfinished"></translation>
+        <translation>Attention! The client version (%1) is newer than the server version (%2). To go on, use an older version of the program or update the server firmware.</translation>
     </message>
     <message>
         <source>Внимание! Версия клиента (%1) новее, чем версия сервера. Для продолжения работы, воспользуйтесь более старой версией программы или обновите прошивку сервера.</source>
-        <translation type="unfinished"></translation>
+        <translation>Attention! The client version (%1) is newer than the server version. To go on, use an older version of the program or update the server firmware.</translation>
     </message>
     <message>
         <source>Несовместимая версия сервера</source>
-        <translation type="unfinished"></translation>
+        <translation>Incompatible server version</translation>
     </message>
     <message>
         <source>Файл резервной копии поврежден</source>
-        <translation type="unfinished"></translation>
+        <translation>The backup file is damaged</translation>
     </message>
 </context>
 <context>
     <name>LoadingScreen</name>
     <message>
         <source>Сервер не отвечает больше %1 %2</source>
-        <translation type="unfinished"></translation>
+        <translation>The server has not answered for more than %1 %2</translation>
     </message>
     <message>
         <source>минут</source>
-        <translation type="unfinished"></translation>
+        <translation>minutes</translation>
     </message>
     <message>
         <source>секунд</source>
-        <translation type="unfinished"></translation>
+        <translation>seconds</translation>
     </message>
     <message>
         <source>Сервер отключен</source>
-        <translation type="unfinished"></translation>
+        <translation>The server is disconnected</translation>
     </message>
     <message>
         <source>Подключение...</source>
-        <translation type="unfinished"></translation>
+        <translation>Connecting...</translation>
     </message>
     <message>
         <source>Переподключиться</source>
-        <translation type="unfinished"></translation>
+        <translation>Reconnect</translation>
     </message>
     <message>
         <source>Отключиться</source>
-        <translation type="unfinished"></translation>
+        <translation>Disconnect</translation>
     </message>
     <message>
         <source>Не создано ни одного подключения к серверу</source>
-        <translation type="unfinished"></translation>
+        <translation>No connection to a server has been created</translation>
     </message>
     <message>
         <source>Создать подключение</source>
-        <translation type="unfinished"></translation>
+        <translation>Create connection</translation>
     </message>
 </context>
 <context>
     <name>Model::ShopPart</name>
     <message>
         <source>Объект</source>
-        <translation type="unfinished"></translation>
+        <translation>Site</translation>
     </message>
 </context>
 <context>
     <name>PlaceholderControl</name>
     <message>
         <source>Добавить</source>
-        <translation type="unfinished"></translation>
+        <translation>Add</translation>
     </message>
 </context>
 <context>
     <name>ScaleSlider</name>
     <message>
         <source>Масштаб -10%</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom out 10%</translation>
     </message>
     <message>
         <source>%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>Масштаб 100%</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom 100%</translation>
     </message>
     <message>
         <source>Масштаб +10%</source>
-        <translation type="unfinished"></translation>
+        <translation>Zoom in 10%</translation>
     </message>
 </context>
 <context>
     <name>TabSettingsWindow</name>
     <message>
         <source>Название</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>Адрес сервера</source>
-        <translation type="unfinished"></translation>
+        <translation>Server address</translation>
     </message>
     <message>
         <source>Логин</source>
-        <translation type="unfinished"></translation>
+        <translation>Login</translation>
     </message>
     <message>
         <source>Пароль</source>
-        <translation type="unfinished"></translation>
+        <translation>Password</translation>
     </message>
 </context>
 <context>
     <name>UsersListModel</name>
     <message>
         <source>Администратор</source>
-        <translation type="unfinished"></translation>
+        <translation>Administrator</translation>
     </message>
     <message>
         <source>Пользователь</source>
-        <translation type="unfinished"></translation>
+        <translation>User</translation>
     </message>
 </context>
 <context>
     <name>ZoneTile</name>
     <message>
         <source>%1%, ручной режим</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%, manual mode</translation>
     </message>
     <message>
         <source>%1%</source>
-        <translation type="unfinished"></translation>
+        <translation>%1%</translation>
     </message>
     <message>
         <source>(Ручной режим)</source>
-        <translation type="unfinished"></translation>
+        <translation>(Manual mode)</translation>
     </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>Добавление подключения</source>
-        <translation type="unfinished"></translation>
+        <translation>New connection</translation>
     </message>
     <message>
         <source>Отмена</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancel</translation>
     </message>
     <message>
         <source>Добавить</source>
-        <translation type="unfinished"></translation>
+        <translation>Add</translation>
     </message>
 </context>
 </TS>
