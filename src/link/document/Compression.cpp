@@ -11,6 +11,9 @@ namespace {
 
 constexpr int headerSize = 4; // the declared size
 
+// Room left behind the output: readers of documents that look a few bytes ahead need no copy then.
+constexpr int slack = 64;
+
 // The largest array of Qt 5 and its header: qUncompress refuses a body that declares as much.
 constexpr quint32 declaredLimit = std::numeric_limits<int>::max() - 24;
 
@@ -82,6 +85,7 @@ boost::optional<QByteArray> Compression::unpack(const QByteArray &packed, qint64
     qint64 room = firstRoom(declared, packed.size(), limit);
     qint64 size = 0;
     for (;;) {
+        unpacked.reserve(static_cast<int>(room) + slack);
         unpacked.resize(static_cast<int>(room));
         int used = 0;
         const int result = inflater.step(unpacked.data() + size, static_cast<int>(room - size), used);
