@@ -8,15 +8,21 @@
 
 namespace {
 
+// Not QVariant::isNull(), which counts the empty text of a script as null too.
+bool isNull(const QVariant &value)
+{
+    return !value.isValid() || value.userType() == QMetaType::Nullptr;
+}
+
 Model::UserInfo userFrom(const QString &login, const QVariant &password, const QString &role, const QVariant &whitelist)
 {
     Model::UserInfo user;
     user.login = login;
     user.group = role;
-    if (!password.isNull())
+    if (!isNull(password))
         user.password = password.toString().toUtf8();
     const auto list = JsValues::plain(whitelist);
-    if (!list.isNull()) {
+    if (!isNull(list)) {
         QSet<QUuid> uids;
         const auto texts = list.toList();
         for (const auto &text : texts)

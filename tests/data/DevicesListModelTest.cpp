@@ -1,0 +1,504 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data/DevicesListModel.h"
+#include "Records.h"
+#include "ScriptTools.h"
+#include "SignalLog.h"
+#include "support/FakeCommunicator.h"
+#include "support/TestBase.h"
+
+#include <QAbstractItemModelTester>
+#include <QJSEngine>
+#include <algorithm>
+#include <numeric>
+
+using namespace Records;
+using Role = DevicesListModel::Role;
+
+namespace {
+
+// The roles that a fresh list announces; states, modes and type maps have announcements of their own.
+const QString listRoles = QStringLiteral("257 258 259 260 261 266 265 267 268 269 270 271 272 273");
+
+struct Site
+{
+    Site()
+        : devices(link)
+    {}
+
+    FakeCommunicator link;
+    DevicesListModel devices;
+};
+
+QVariantMap power(int percent)
+{
+    return {{"power", percent}};
+}
+
+} // namespace
+
+class DevicesListModelTest : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void namesItsRoles()
+    {
+        Site site;
+        const QHash<int, QByteArray> expected{{257, "uid"},         {258, "address"},     {259, "url"},
+                                              {260, "version"},     {261, "data"},        {262, "state"},
+                                              {263, "typeInfo"},    {264, "mode"},        {265, "prettyString"},
+                                              {266, "sort"},        {267, "zoneUid"},     {268, "commonType"},
+                                              {269, "radioType"},   {270, "radioIndex"},  {271, "isRadioValid"},
+                                              {272, "radioString"}, {273, "powerOnHours"}};
+
+        QCOMPARE(site.devices.roleNames(), expected);
+    }
+
+    void presentsADevice()
+    {
+        Site site;
+        const Model::DeviceDescriptor lamp(QUrl("lamp.qml"), uid(7), uid(3), 2, 42, {{"name", "Hall"}},
+                                           Model::RadioStatus::DeviceType::LoRa, 1);
+        const auto info = type("lamp.qml", "Lamp", 5);
+        site.link.publishDeviceTypes({info});
+        site.link.publishDeviceStates({state(7, power(30))});
+        site.link.publishDeviceModes({manual(7)});
+
+        site.link.publishDevices({lamp});
+
+        QCOMPARE(site.devices.getByUid(text(7)),
+                 (QVariantMap{{"uid", text(7)},
+                              {"address", 42},
+                              {"url", QUrl("lamp.qml")},
+                              {"version", 2},
+                              {"data", QVariantMap{{"name", "Hall"}}},
+                              {"state", power(30)},
+                              {"typeInfo", info.toVariant()},
+                              {"mode", "manual"},
+                              {"prettyString", "Lamp: 42 (Hall)"},
+                              {"sort", "05:00042:00000007"},
+                              {"zoneUid", uid(3)},
+                              {"commonType", "lamp"},
+                              {"radioType", 3},
+                              {"radioIndex", 1},
+                              {"isRadioValid", false},
+                              {"radioString", "LoRa"},
+                              {"powerOnHours", 0}}));
+        QCOMPARE(value(site.devices, 0, Role::ZoneUid).userType(), int(QMetaType::QUuid));
+        QCOMPARE(value(site.devices, 0, Role::Url).userType(), int(QMetaType::QUrl));
+    }
+
+    void invalidPlacesReadAsFalse()
+    {
+        Site site;
+        site.link.publishDevices({device(1)});
+
+        QCOMPARE(site.devices.data(QModelIndex(), Role::Uid), QVariant(false));
+        QCOMPARE(site.devices.data(QModelIndex(), 9999), QVariant(false));
+        QVERIFY(!value(site.devices, 0, 9999).isValid());
+        QVERIFY(!value(site.devices, 0, Qt::DisplayRole).isValid());
+    }
+
+    void aFreshListAnnouncesItsOwnRoles()
+    {
+        Site site;
+        site.link.publishDevices({device(1), device(2), device(3)});
+        QAbstractItemModelTester tester(&site.devices, QAbstractItemModelTester::FailureReportingMode::Warning);
+        QSignalSpy updated(&site.devices, &DevicesListModel::devicesUpdated);
+        SignalLog log(site.devices);
+
+        site.link.publishDevices({device(4), device(3), device(1)});
+
+        QCOMPARE(
+            log.take(),
+            QStringList({"removing 1-1", "removed 1-1", "changed 0-1: " + listRoles, "inserting 2-2", "inserted 2-2"}));
+        QCOMPARE(updated.count(), 1);
+        QCOMPARE(updated[0][0].value<std::vector<Model::DeviceDescriptor>>().size(), std::size_t(3));
+    }
+
+    void theFirstListAnnouncesTheEmptyRange()
+    {
+        Site site;
+        SignalLog log(site.devices);
+
+        site.link.publishDevices({device(1)});
+
+        QCOMPARE(log.take(), QStringList({"changed nothing: " + listRoles, "inserting 0-0", "inserted 0-0"}));
+    }
+
+    void aStateAnnouncesItsRowAlone()
+    {
+        Site site;
+        site.link.publishDevices({device(1), device(2), device(3)});
+        QAbstractItemModelTester tester(&site.devices, QAbstractItemModelTester::FailureReportingMode::Warning);
+        QSignalSpy updated(&site.devices, &DevicesListModel::deviceStatesUpdated);
+        SignalLog log(site.devices);
+
+        site.link.publishDeviceStates({state(3, power(3)), state(9, power(9)), state(1, power(1))});
+
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 262", "changed 2-2: 262"}));
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(1));
+        QCOMPARE(value(site.devices, 1, Role::State).toMap(), QVariantMap());
+        QCOMPARE(value(site.devices, 2, Role::State).toMap(), power(3));
+        QCOMPARE(updated.count(), 1);
+        QCOMPARE(updated[0][0].value<std::vector<Model::DeviceState>>().size(), std::size_t(3));
+    }
+
+    void anEqualStateIsAnnouncedAsWell()
+    {
+        Site site;
+        site.link.publishDevices({device(1)});
+        site.link.publishDeviceStates({state(1, power(1))});
+        SignalLog log(site.devices);
+
+        site.link.publishDeviceStates({state(1, power(1))});
+
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 262"}));
+    }
+
+    void aMessageWithoutStatesIsPassedOn()
+    {
+        Site site;
+        site.link.publishDevices({device(1)});
+        QSignalSpy updated(&site.devices, &DevicesListModel::deviceStatesUpdated);
+        SignalLog log(site.devices);
+
+        site.link.publishDeviceStates({});
+
+        QCOMPARE(log.take(), QStringList());
+        QCOMPARE(updated.count(), 1);
+    }
+
+    void theLastStateOfADeviceCounts()
+    {
+        Site site;
+        site.link.publishDevices({device(1)});
+
+        site.link.publishDeviceStates({state(1, power(1)), state(1, power(2)), state(2, power(3)), state(2, power(4))});
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(2));
+        site.link.publishDevices({device(1), device(2)});
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(2));
+        QCOMPARE(value(site.devices, 1, Role::State).toMap(), power(4));
+    }
+
+    void aModeAnnouncesItsRowAlone()
+    {
+        Site site;
+        site.link.publishDevices({device(1), device(2)});
+        QSignalSpy updated(&site.devices, &DevicesListModel::deviceModesUpdated);
+        SignalLog log(site.devices);
+
+        site.link.publishDeviceModes({manual(2), manual(9)});
+
+        QCOMPARE(log.take(), QStringList({"changed 1-1: 264"}));
+        QCOMPARE(column(site.devices, Role::Mode), QStringList({"auto", "manual"}));
+        QCOMPARE(updated.count(), 1);
+    }
+
+    void whatCameBeforeItsDeviceIsKept()
+    {
+        Site site;
+        site.link.publishDeviceStates({state(1, power(1))});
+        site.link.publishDeviceModes({manual(1)});
+        site.link.publishDeviceStates({state(2, power(2))});
+
+        site.link.publishDevices({device(1), device(2)});
+
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(1));
+        QCOMPARE(value(site.devices, 1, Role::State).toMap(), power(2));
+        QCOMPARE(column(site.devices, Role::Mode), QStringList({"manual", "auto"}));
+    }
+
+    void aTypeThatArrivesLateNamesTheRowInPlace()
+    {
+        Site site;
+        site.link.publishDevices({device(1, 0, "lamp.qml", 5)});
+        QCOMPARE(value(site.devices, 0, Role::PrettyString).toString(), QString("No name: 5"));
+        QCOMPARE(value(site.devices, 0, Role::Sort).toString(), QString("00:00005:00000001"));
+        QCOMPARE(value(site.devices, 0, Role::CommonType).toString(), QString("unknown"));
+        QCOMPARE(value(site.devices, 0, Role::TypeInfo).toMap(), Model::DeviceTypeInfo::fallback().toVariant());
+        QAbstractItemModelTester tester(&site.devices, QAbstractItemModelTester::FailureReportingMode::Warning);
+        QSignalSpy updated(&site.devices, &DevicesListModel::deviceTypesUpdated);
+        SignalLog log(site.devices);
+
+        site.link.publishDeviceTypes({type("lamp.qml", "Lamp", 7)});
+
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 263 265 266 268"}));
+        QCOMPARE(updated.count(), 1);
+        QCOMPARE(value(site.devices, 0, Role::PrettyString).toString(), QString("Lamp: 5"));
+        QCOMPARE(value(site.devices, 0, Role::Sort).toString(), QString("07:00005:00000001"));
+        QCOMPARE(value(site.devices, 0, Role::CommonType).toString(), QString("lamp"));
+    }
+
+    void aTypeIsReplacedAndNeverForgotten()
+    {
+        Site site;
+        site.link.publishDevices({device(1, 0, "lamp.qml", 5)});
+        site.link.publishDeviceTypes({type("lamp.qml", "Lamp")});
+
+        site.link.publishDeviceTypes({type("other.qml", "Other")});
+        QCOMPARE(value(site.devices, 0, Role::PrettyString).toString(), QString("Lamp: 5"));
+        site.link.publishDeviceTypes({type("lamp.qml", "Bulb")});
+        QCOMPARE(value(site.devices, 0, Role::PrettyString).toString(), QString("Bulb: 5"));
+        QCOMPARE(site.devices.getDeviceTypes().size(), 2);
+    }
+
+    void streamsMayArriveInAnyOrder()
+    {
+        std::vector<int> order{0, 1, 2, 3};
+        do {
+            Site site;
+            for (const int list : order) {
+                switch (list) {
+                case 0: site.link.publishDevices({device(1, 0, "lamp.qml", 5), device(2)}); break;
+                case 1: site.link.publishDeviceTypes({type("lamp.qml", "Lamp", 7)}); break;
+                case 2: site.link.publishDeviceStates({state(1, power(1))}); break;
+                default: site.link.publishDeviceModes({manual(1)});
+                }
+            }
+
+            QCOMPARE(column(site.devices, Role::PrettyString), QStringList({"Lamp: 5", "No name: 0"}));
+            QCOMPARE(column(site.devices, Role::Sort), QStringList({"07:00005:00000001", "00:00000:00000002"}));
+            QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(1));
+            QCOMPARE(column(site.devices, Role::Mode), QStringList({"manual", "auto"}));
+        } while (std::next_permutation(order.begin(), order.end()));
+    }
+
+    void aFreshConnectionForgetsStatesAndModes()
+    {
+        Site site;
+        site.link.publishDeviceStates({state(1, power(1))});
+        site.link.publishDeviceModes({manual(1)});
+        site.link.publishDevices({device(1)});
+        site.link.enter(FakeCommunicator::Connected);
+
+        site.link.enter(FakeCommunicator::Connecting);
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(1)); // the rows stay
+        site.link.publishDevices({device(1)});
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), QVariantMap());
+        QCOMPARE(value(site.devices, 0, Role::Mode).toString(), QString("auto"));
+    }
+
+    void otherChangesOfTheStatusForgetNothing()
+    {
+        Site site;
+        site.link.enter(FakeCommunicator::Connecting);
+        site.link.publishDeviceStates({state(1, power(1))});
+
+        site.link.enter(FakeCommunicator::Connected);
+        site.link.publishDevices({device(1)});
+
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(1));
+    }
+
+    void aClosedLinkEmptiesIt()
+    {
+        Site site;
+        site.link.enter(FakeCommunicator::Connected);
+        site.link.publishDevices({device(1)});
+
+        site.link.enter(FakeCommunicator::Disconnected);
+
+        QCOMPARE(site.devices.rowCount(), 0);
+    }
+
+    void aModelMadeLateReadsWhatWasPublished()
+    {
+        Site site;
+        site.link.publishDevices({device(1, 0, "lamp.qml", 5)});
+        site.link.publishDeviceTypes({type("lamp.qml", "Lamp")});
+        site.link.publishDeviceStates({state(1, power(1))});
+        site.link.publishDeviceModes({manual(1)});
+
+        const DevicesListModel late(site.link);
+
+        QCOMPARE(column(late, Role::PrettyString), QStringList({"Lamp: 5"}));
+        QCOMPARE(value(late, 0, Role::State).toMap(), power(1));
+        QCOMPARE(column(late, Role::Mode), QStringList({"manual"}));
+    }
+
+    void tellsModesAndStatesOfAZone()
+    {
+        Site site;
+        site.link.publishDevices({device(1, 5), device(2, 6), device(3, 5)});
+        site.link.publishDeviceStates({state(1, power(1)), state(2, power(2))});
+        site.link.publishDeviceModes({manual(3)});
+
+        QVERIFY(site.devices.getDeviceModes(uid(5)) == (std::vector<Model::DeviceMode>{automatic(1), manual(3)}));
+        QVERIFY(site.devices.getDeviceStates(uid(5))
+                == (std::vector<Model::DeviceState>{state(1, power(1)), state(3, {})}));
+        QCOMPARE(site.devices.getDeviceModes(QUuid()).size(), std::size_t(3));
+        QCOMPARE(site.devices.getDeviceStates(QUuid()).size(), std::size_t(3));
+        QVERIFY(site.devices.getDeviceModes(uid(9)).empty());
+        QVERIFY(site.devices.getDeviceStates(uid(9)).empty());
+    }
+
+    void tellsTheTypeOfADevice()
+    {
+        Site site;
+        site.link.publishDevices({device(1, 0, "lamp.qml"), device(2, 0, "other.qml")});
+        site.link.publishDeviceTypes({type("lamp.qml", "Lamp")});
+
+        QCOMPARE(site.devices.getTypeInfoForDevice(uid(1)).name, QString("Lamp"));
+        QCOMPARE(site.devices.getTypeInfoForDevice(uid(2)).name, QString("No name"));
+        QCOMPARE(site.devices.getTypeInfoForDevice(uid(9)).name, QString("No name"));
+    }
+
+    void convertsZonesToDevicesAndBack()
+    {
+        Site site;
+        site.link.publishDevices({device(1, 5), device(2, 6), device(3, 5), device(4)});
+
+        QCOMPARE(site.devices.zonesToDevices({text(5)}), QStringList({text(1), text(3)}));
+        QCOMPARE(site.devices.zonesToDevices({text(6), text(5), text(9)}), QStringList({text(1), text(2), text(3)}));
+        QCOMPARE(site.devices.zonesToDevices({}), QStringList());
+        QCOMPARE(site.devices.devicesToZones({text(3), text(1), text(2)}), QStringList({text(5), text(6)}));
+        QCOMPARE(site.devices.devicesToZones({text(9)}), QStringList());
+        QCOMPARE(site.devices.devicesToZones({}), QStringList());
+    }
+
+    void readsADeviceFromAnObject()
+    {
+        Site site;
+        QJSEngine engine;
+        const auto value = engine.evaluate(
+            QString("[{uid: '%1', url: 'lamp.qml', zoneUid: '%2', address: 42, version: 1, radioType: 3,"
+                    " radioIndex: 2, data: {name: 'Hall', list: [1, 2]}}]")
+                .arg(text(1), text(5)));
+
+        site.devices.addDevice(value, engine.evaluate("(function(uids) { got = uids.join(); })"));
+        site.link.uidsCallback({uid(7)});
+
+        QCOMPARE(site.link.operations, QStringList({"addDevices"}));
+        const Model::DeviceDescriptor expected(QUrl("lamp.qml"), uid(1), uid(5), 1, 42,
+                                               {{"name", "Hall"}, {"list", QVariantList{1, 2}}},
+                                               Model::RadioStatus::DeviceType::LoRa, 2);
+        QVERIFY(site.link.devices == std::vector<Model::DeviceDescriptor>{expected});
+        QCOMPARE(engine.globalObject().property("got").toString(), text(7));
+    }
+
+    void readsOnlyWhatTheObjectHas()
+    {
+        Site site;
+        QJSEngine engine;
+
+        site.devices.changeDevice(engine.evaluate(QString("[{uid: '%1', address: 3}, {}]").arg(text(1))));
+
+        QCOMPARE(site.link.operations, QStringList({"changeDevices"}));
+        const Model::DeviceDescriptor first({}, uid(1), {}, 0, 3, {}, Model::RadioStatus::DeviceType::None, -1);
+        const Model::DeviceDescriptor second({}, {}, {}, 0, 0, {}, Model::RadioStatus::DeviceType::None, -1);
+        QVERIFY(site.link.devices == (std::vector<Model::DeviceDescriptor>{first, second}));
+    }
+
+    void passesOverElementsThatAreNoObjects()
+    {
+        Site site;
+        QJSEngine engine;
+
+        site.devices.addDevice(engine.evaluate("[null, 5, 'text', undefined, {address: 9}, , true]"));
+
+        QCOMPARE(site.link.devices.size(), std::size_t(1));
+        QCOMPARE(site.link.devices[0].address, 9);
+    }
+
+    void valuesOfAWrongTypeAreConverted()
+    {
+        Site site;
+        QJSEngine engine;
+
+        site.devices.addDevice(engine.evaluate(
+            "[{uid: 5, url: null, zoneUid: {}, address: 'x', version: 1.9, radioType: 99, radioIndex: NaN, data: 7}]"));
+
+        const Model::DeviceDescriptor expected(QUrl("null"), {}, {}, 1, 0, {},
+                                               static_cast<Model::RadioStatus::DeviceType>(99), 0);
+        QVERIFY(site.link.devices == std::vector<Model::DeviceDescriptor>{expected});
+    }
+
+    void takesNothingButArrays_data()
+    {
+        QTest::addColumn<QString>("value");
+
+        for (const auto *const text :
+             {"undefined", "null", "'text'", "5", "({length: 1, 0: {}})", "[]", "[1, 2]", "(function() {})"})
+            QTest::newRow(text) << text;
+    }
+
+    void takesNothingButArrays()
+    {
+        Site site;
+        QJSEngine engine;
+        QFETCH(QString, value);
+
+        site.devices.addDevice(engine.evaluate(value));
+        site.devices.changeDevice(engine.evaluate(value));
+
+        QCOMPARE(site.link.operations, QStringList());
+    }
+
+    void removesByUids()
+    {
+        Site site;
+
+        site.devices.removeDevices({text(1), "no uid", text(2)});
+        const Model::DeviceDescriptor first({}, uid(1), {}, 0, 0, {}, Model::RadioStatus::DeviceType::None, -1);
+        const Model::DeviceDescriptor second({}, uid(2), {}, 0, 0, {}, Model::RadioStatus::DeviceType::None, -1);
+        QVERIFY(site.link.devices == (std::vector<Model::DeviceDescriptor>{first, second}));
+        site.devices.removeDevices({});
+
+        QCOMPARE(site.link.operations, QStringList({"removeDevices"}));
+    }
+
+    void scriptsMayPassAnything()
+    {
+        // Qt warns of arguments that it cannot convert.
+        allowMessages("Could not convert argument|%entry@|incompatible arguments|TypeError in future");
+        Site site;
+        QJSEngine engine;
+        site.link.publishDevices({device(1, 5)});
+        expose(engine, "devices", site.devices);
+
+        for (const auto *const call :
+             {"devices.removeDevices(undefined)", "devices.removeDevices(5)", "devices.removeDevices('text')",
+              "devices.addDevice(undefined)", "devices.addDevice()", "devices.changeDevice('text')",
+              "devices.zonesToDevices(undefined)", "devices.devicesToZones({})", "devices.getByUid(7)"})
+            engine.evaluate(call);
+        QCOMPARE(site.link.operations, QStringList());
+        const auto zones = engine.evaluate(QString("devices.zonesToDevices(['%1']).join()").arg(text(5)));
+
+        QCOMPARE(zones.toString(), text(1));
+    }
+
+    void tenThousandDevicesTakeTenThousandStates()
+    {
+        Site site;
+        std::vector<Model::DeviceDescriptor> devices;
+        std::vector<Model::DeviceState> states;
+        for (uint i = 0; i < 10000; ++i) {
+            devices.push_back(device(i, 20000 + i % 400));
+            states.push_back(state(9999 - i, power(int(i % 101))));
+        }
+        site.link.publishDevices(devices);
+        QSignalSpy changed(&site.devices, &QAbstractItemModel::dataChanged);
+
+        site.link.publishDeviceStates(states);
+
+        QCOMPARE(changed.count(), 10000);
+        QCOMPARE(value(site.devices, 9999, Role::State).toMap(), power(0));
+        QCOMPARE(value(site.devices, 0, Role::State).toMap(), power(9999 % 101));
+    }
+
+    void duplicatesOfOneListAreRowsOfTheirOwn()
+    {
+        Site site;
+
+        site.link.publishDevices({device(1, 0, {}, 1), device(1, 0, {}, 2), device(0, 0, {}, 3)});
+        site.link.publishDeviceStates({state(1, power(1)), state(0, power(7))});
+
+        QCOMPARE(column(site.devices, Role::Address), QStringList({"1", "2", "3"}));
+        QCOMPARE(value(site.devices, 1, Role::State).toMap(), power(1));
+        QCOMPARE(value(site.devices, 2, Role::State).toMap(), power(7));
+    }
+};
+
+ONDIRA_TEST(DevicesListModelTest)
+#include "DevicesListModelTest.moc"

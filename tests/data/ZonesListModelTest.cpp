@@ -1,0 +1,652 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data/ZonesListModel.h"
+#include "Records.h"
+#include "ScriptTools.h"
+#include "SignalLog.h"
+#include "data/DevicesListModel.h"
+#include "data/UsersListModel.h"
+#include "support/FakeCommunicator.h"
+#include "support/TestBase.h"
+
+#include <QAbstractItemModelTester>
+#include <QJSEngine>
+#include <QtNumeric>
+#include <algorithm>
+#include <numeric>
+
+using namespace Records;
+using Role = ZonesListModel::Role;
+
+namespace {
+
+struct Site
+{
+    Site()
+        : users(link)
+        , devices(link)
+        , zones(link, devices, users)
+    {}
+
+    FakeCommunicator link;
+    UsersListModel users;
+    DevicesListModel devices;
+    ZonesListModel zones;
+};
+
+Model::Zone placed(uint n, uint part, double x, double y, double width, double height)
+{
+    auto record = zone(n, {}, part);
+    record.position = {x, y};
+    record.width = width;
+    record.height = height;
+    return record;
+}
+
+} // namespace
+
+class ZonesListModelTest : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void namesItsRoles()
+    {
+        Site site;
+        const QHash<int, QByteArray> expected{{257, "uid"},
+                                              {258, "name"},
+                                              {259, "scheduleName"},
+                                              {260, "x"},
+                                              {261, "y"},
+                                              {262, "width"},
+                                              {263, "height"},
+                                              {264, "partUid"},
+                                              {265, "partName"},
+                                              {266, "sort"},
+                                              {267, "manual"},
+                                              {268, "power"},
+                                              {269, "erroredDevicesCount"}};
+
+        QCOMPARE(site.zones.roleNames(), expected);
+    }
+
+    void presentsAZone()
+    {
+        Site site;
+        auto record = placed(7, 3, 10.5, 20.25, 300, 400);
+        record.name = "Hall";
+        site.link.publishShopParts({part(3, "Floor")});
+
+        site.link.publishZones({record});
+
+        QCOMPARE(site.zones.getByUid(text(7)),
+                 (QVariantMap{{"uid", text(7)},
+                              {"name", "Hall"},
+                              {"scheduleName", QStringList()},
+                              {"x", 10.5},
+                              {"y", 20.25},
+                              {"width", 300.0},
+                              {"height", 400.0},
+                              {"partUid", text(3)},
+                              {"partName", "Floor"},
+                              {"sort", "Floor:00000003:Hall:00000007"},
+                              {"manual", false},
+                              {"power", 100},
+                              {"erroredDevicesCount", 0}}));
+        QCOMPARE(value(site.zones, 0, Role::X).userType(), int(QMetaType::Double));
+        QCOMPARE(value(site.zones, 0, Role::Manual).userType(), int(QMetaType::Bool));
+        QCOMPARE(value(site.zones, 0, Role::Power).userType(), int(QMetaType::Int));
+    }
+
+    void sortKeysAlignTheNamesOfParts()
+    {
+        Site site;
+        site.link.publishShopParts({part(0xabc, "A"), part(2, "BB")});
+
+        site.link.publishZones({zone(0xffffffffU, "z", 0xabc), zone(5, "%1 %4", 2)});
+
+        QCOMPARE(column(site.zones, Role::Sort), QStringList({"#A:00000abc:z:ffffffff", "BB:00000002:%1 %4:00000005"}));
+    }
+
+    void partsRenameTheirZones()
+    {
+        Site site;
+        site.link.publishZones({zone(1, "a", 3), zone(2, "b", 4)});
+        QCOMPARE(column(site.zones, Role::PartName), QStringList({"Объект", "Объект"}));
+        QAbstractItemModelTester tester(&site.zones, QAbstractItemModelTester::FailureReportingMode::Warning);
+        SignalLog log(site.zones);
+
+        site.link.publishShopParts({part(3, "First")});
+
+        QCOMPARE(log.take(), QStringList({"changed 0-1: 265 266"}));
+        QCOMPARE(column(site.zones, Role::PartName), QStringList({"First", "Объект"}));
+        QCOMPARE(column(site.zones, Role::Sort),
+                 QStringList({"#First:00000003:a:00000001", "Объект:00000004:b:00000002"}));
+    }
+
+    void aPartThatIsGoneLeavesTheDefaultName()
+    {
+        Site site;
+        site.link.publishShopParts({part(3, "First")});
+        site.link.publishZones({zone(1, "a", 3)});
+
+        site.link.publishShopParts({});
+
+        QCOMPARE(column(site.zones, Role::PartName), QStringList({"Объект"}));
+    }
+
+    void partsAnnounceNothingWithoutZones()
+    {
+        Site site;
+        QAbstractItemModelTester tester(&site.zones, QAbstractItemModelTester::FailureReportingMode::Warning);
+        SignalLog log(site.zones);
+
+        site.link.publishShopParts({part(3, "First")});
+
+        QCOMPARE(log.take(), QStringList());
+    }
+
+    void movedZoneKeepsItsRow()
+    {
+        Site site;
+        site.link.publishZones({placed(1, 3, 0, 0, 10, 10), placed(2, 3, 0, 0, 10, 10)});
+        QAbstractItemModelTester tester(&site.zones, QAbstractItemModelTester::FailureReportingMode::Warning);
+        SignalLog log(site.zones);
+
+        site.link.publishZones({placed(2, 3, 5, 6, 10, 10), placed(1, 3, 0, 0, 10, 10)});
+
+        QCOMPARE(log.take(), QStringList({"changed 0-1: all"}));
+        QCOMPARE(column(site.zones, Role::Uid), QStringList({text(1), text(2)}));
+        QCOMPARE(value(site.zones, 1, Role::X).toDouble(), 5.0);
+    }
+
+    void powerIsTheMeanOfWhatDevicesReport_data()
+    {
+        QTest::addColumn<QVariantList>("reported"); // an invalid value: the device reports no power
+        QTest::addColumn<int>("expected");
+
+        QTest::newRow("three devices") << QVariantList{100, 50, 25} << 58;
+        QTest::newRow("none") << QVariantList{} << 100;
+        QTest::newRow("none reports") << QVariantList{QVariant(), QVariant()} << 100;
+        QTest::newRow("one of two reports") << QVariantList{QVariant(), 30} << 30;
+        QTest::newRow("all off") << QVariantList{0, 0} << 0;
+        QTest::newRow("truncated") << QVariantList{1, 0} << 0;
+        QTest::newRow("truncated toward zero") << QVariantList{-1, -2} << -1;
+        QTest::newRow("texts of numbers count") << QVariantList{QString("40")} << 40;
+        QTest::newRow("what is no number counts as 0") << QVariantList{QString("much"), 50} << 25;
+        QTest::newRow("null counts as 0") << QVariantList{QVariant::fromValue(nullptr), 50} << 25;
+        QTest::newRow("huge numbers do not overflow") << QVariantList{2147483647, 2147483647, 1e300} << 2147483647;
+    }
+
+    void powerIsTheMeanOfWhatDevicesReport()
+    {
+        QFETCH(QVariantList, reported);
+        Site site;
+        std::vector<Model::DeviceDescriptor> devices;
+        std::vector<Model::DeviceState> states;
+        for (int i = 0; i < reported.size(); ++i) {
+            devices.push_back(device(100 + uint(i), 1));
+            states.push_back(
+                state(100 + uint(i),
+                      reported[i].isValid() ? QVariantMap{{"power", reported[i]}} : QVariantMap{{"errors", 0}}));
+        }
+        site.link.publishZones({zone(1), zone(2)});
+        site.link.publishDevices(devices);
+
+        site.link.publishDeviceStates(states);
+
+        QTEST(value(site.zones, 0, Role::Power).toInt(), "expected");
+        QCOMPARE(value(site.zones, 1, Role::Power).toInt(), 100);
+    }
+
+    void announcesOnlyZonesWhosePowerChanged()
+    {
+        Site site;
+        site.link.publishZones({zone(1), zone(2), zone(3)});
+        site.link.publishDevices({device(11, 1), device(12, 2), device(13, 3)});
+        site.link.publishDeviceStates({state(11, {{"power", 10}}), state(12, {{"power", 20}})});
+        QAbstractItemModelTester tester(&site.zones, QAbstractItemModelTester::FailureReportingMode::Warning);
+        SignalLog log(site.zones);
+
+        site.link.publishDeviceStates({state(11, {{"power", 10}}), state(12, {{"power", 21}})});
+        QCOMPARE(log.take(), QStringList({"changed 1-1: 268"}));
+        site.link.publishDeviceStates({state(11, {}), state(13, {{"power", 5}})});
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 268", "changed 2-2: 268"}));
+        QCOMPARE(column(site.zones, Role::Power), QStringList({"100", "21", "5"}));
+    }
+
+    void aFreshListFillsTheDerivedFieldsAnew()
+    {
+        Site site;
+        site.link.publishDevices({device(11, 1)});
+        site.link.publishDeviceStates({state(11, {{"power", 40}})});
+        site.link.publishDeviceModes({manual(11)});
+        site.link.publishZones({zone(1), zone(2)});
+        SignalLog log(site.zones);
+
+        site.link.publishZones({zone(1), zone(2)});
+
+        QCOMPARE(log.take(), QStringList({"changed 0-1: all", "changed 0-0: 267", "changed 0-0: 268"}));
+        QCOMPARE(column(site.zones, Role::Power), QStringList({"40", "100"}));
+        QCOMPARE(column(site.zones, Role::Manual), QStringList({"true", "false"}));
+    }
+
+    void oneDeviceByHandMakesItsZoneManual()
+    {
+        Site site;
+        site.link.publishZones({zone(1), zone(2)});
+        site.link.publishDevices({device(11, 1), device(12, 1), device(13, 2)});
+        SignalLog log(site.zones);
+
+        site.link.publishDeviceModes({automatic(11), manual(12), automatic(13)});
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 267"}));
+        QCOMPARE(column(site.zones, Role::Manual), QStringList({"true", "false"}));
+        site.link.publishDeviceModes({automatic(12), manual(13)});
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 267", "changed 1-1: 267"}));
+        QCOMPARE(column(site.zones, Role::Manual), QStringList({"false", "true"}));
+    }
+
+    void aDeviceThatMovesTakesItsPowerAlong()
+    {
+        Site site;
+        site.link.publishZones({zone(1), zone(2)});
+        site.link.publishDevices({device(11, 1)});
+        site.link.publishDeviceStates({state(11, {{"power", 40}})});
+
+        site.link.publishDevices({device(11, 2)});
+
+        QCOMPARE(column(site.zones, Role::Power), QStringList({"100", "40"}));
+    }
+
+    void listsMayArriveInAnyOrder()
+    {
+        std::vector<int> order(6);
+        std::iota(order.begin(), order.end(), 0);
+        do {
+            Site site;
+            site.link.logIn("anna", "user");
+            const auto publish = [&](int list) {
+                switch (list) {
+                case 0: return site.link.publishUsers({limitedUser("anna", {uid(1), uid(2)})});
+                case 1: return site.link.publishShopParts({part(3, "Floor")});
+                case 2: return site.link.publishZones({zone(1, "a", 3), zone(2, "b", 3), zone(9, "c", 3)});
+                case 3: return site.link.publishDevices({device(11, 1), device(12, 2)});
+                case 4: return site.link.publishDeviceStates({state(11, {{"power", 40}})});
+                default: return site.link.publishDeviceModes({manual(12)});
+                }
+            };
+            for (const int list : order)
+                publish(list);
+
+            QCOMPARE(column(site.zones, Role::Uid), QStringList({text(1), text(2)}));
+            QCOMPARE(column(site.zones, Role::Sort),
+                     QStringList({"Floor:00000003:a:00000001", "Floor:00000003:b:00000002"}));
+            QCOMPARE(column(site.zones, Role::Power), QStringList({"40", "100"}));
+            QCOMPARE(column(site.zones, Role::Manual), QStringList({"false", "true"}));
+        } while (std::next_permutation(order.begin(), order.end()));
+    }
+
+    void aModelMadeLateReadsWhatWasPublished()
+    {
+        Site site;
+        site.link.publishShopParts({part(3, "Floor")});
+        site.link.publishZones({zone(1, "a", 3)});
+        site.link.publishDevices({device(11, 1)});
+        site.link.publishDeviceStates({state(11, {{"power", 40}})});
+
+        const ZonesListModel late(site.link, site.devices, site.users);
+
+        QCOMPARE(column(late, Role::PartName), QStringList({"Floor"}));
+        QCOMPARE(column(late, Role::Power), QStringList({"40"}));
+    }
+
+    void rightsThatChangeChooseAnew()
+    {
+        Site site;
+        site.link.logIn("anna", "user");
+        site.link.publishZones({zone(1), zone(2), zone(3)});
+        QCOMPARE(site.zones.rowCount(), 3);
+
+        site.link.publishUsers({limitedUser("anna", {uid(2)})});
+        QCOMPARE(column(site.zones, Role::Uid), QStringList({text(2)}));
+        site.link.publishUsers({limitedUser("anna", {})});
+        QCOMPARE(site.zones.rowCount(), 0);
+        site.link.publishUsers({user("anna")});
+        QCOMPARE(site.zones.rowCount(), 3);
+    }
+
+    void aClosedLinkEmptiesIt()
+    {
+        Site site;
+        site.link.logIn("anna", "user");
+        site.link.publishZones({zone(1)});
+        site.link.publishShopParts({part(3, "Floor")});
+
+        site.link.enter(FakeCommunicator::Connecting);
+        QCOMPARE(site.zones.rowCount(), 1);
+        site.link.enter(FakeCommunicator::Disconnected);
+        QCOMPARE(site.zones.rowCount(), 0);
+    }
+
+    void findsAFreePlace_data()
+    {
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        QTest::addColumn<double>("width"); // of the zone that stands there
+        QTest::addColumn<double>("height");
+        QTest::addColumn<double>("newWidth");
+        QTest::addColumn<double>("expectedX");
+        QTest::addColumn<double>("expectedY");
+
+        QTest::newRow("behind it") << 0. << 0. << 100. << 100. << 96. << 100. << 0.;
+        QTest::newRow("up to the edge") << 3000. << 0. << 1000. << 100. << 96. << 4000. << 0.;
+        QTest::newRow("past the edge") << 3000. << 0. << 1000. << 100. << 97. << 0. << 100.;
+        QTest::newRow("wide one wraps") << 2000. << 0. << 1000. << 500. << 3000. << 0. << 500.;
+        QTest::newRow("lower line") << 50. << 700. << 100. << 100. << 96. << 150. << 700.;
+        QTest::newRow("same line after truncation") << 0. << -0.5 << 100. << 10. << 96. << 100. << -0.5;
+        QTest::newRow("above the canvas counts for nothing") << 0. << -50. << 100. << 10. << 96. << 0. << 0.;
+        QTest::newRow("left of the canvas counts for nothing") << -500. << 0. << 100. << 10. << 96. << 0. << 0.;
+        QTest::newRow("single precision")
+            << 0.1 << 0.1 << 0.2 << 10. << 96. << double(float(0.1 + 0.2)) << double(0.1F);
+        QTest::newRow("single precision after a wrap")
+            << 4000. << 0.1 << 50. << 0.2 << 96. << 0. << double(float(0.1 + 0.2));
+        QTest::newRow("not a number counts for nothing") << qQNaN() << qQNaN() << 10. << 10. << 96. << 0. << 0.;
+    }
+
+    void findsAFreePlace()
+    {
+        QFETCH(double, x);
+        QFETCH(double, y);
+        QFETCH(double, width);
+        QFETCH(double, height);
+        QFETCH(double, newWidth);
+        Site site;
+        QJSEngine engine;
+        site.link.publishZones({placed(1, 3, x, y, width, height)});
+        auto value = engine.newObject();
+        value.setProperty("width", newWidth);
+        value.setProperty("height", 96);
+        value.setProperty("partUid", text(3));
+
+        site.zones.addZone(value, QJSValue());
+
+        QCOMPARE(site.link.zones.size(), std::size_t(1));
+        QTEST(site.link.zones[0].position.x, "expectedX");
+        QTEST(site.link.zones[0].position.y, "expectedY");
+    }
+
+    void searchesThePartOnly()
+    {
+        Site site;
+        QJSEngine engine;
+        site.link.publishZones(
+            {placed(1, 4, 0, 0, 500, 500), placed(2, 3, 0, 0, 200, 50), placed(3, 3, 0, 60, 70, 40)});
+
+        site.zones.addZone(engine.evaluate(QString("({width: 96, height: 96, partUid: '%1'})").arg(text(3))));
+
+        QCOMPARE(site.link.zones[0].position, (Model::Position{70, 60}));
+    }
+
+    void searchesAmongZonesThatTheUserMayNotSee()
+    {
+        Site site;
+        QJSEngine engine;
+        site.link.logIn("anna", "user");
+        site.link.publishUsers({limitedUser("anna", {})});
+        site.link.publishZones({placed(2, 3, 0, 0, 200, 50)});
+
+        site.zones.addZone(engine.evaluate(QString("({width: 96, height: 96, partUid: '%1'})").arg(text(3))));
+
+        QCOMPARE(site.link.zones[0].position, (Model::Position{200, 0}));
+    }
+
+    void searchKeepsSinglePrecisionFromStepToStep()
+    {
+        Site site;
+        QJSEngine engine;
+        // 0.7 in single precision is less than 0.7, so that the second zone of the line counts as a lower one.
+        site.link.publishZones({placed(1, 3, 0, 0.7, 500, 5), placed(2, 3, 0, 0.7, 70, 5)});
+
+        site.zones.addZone(engine.evaluate(QString("({width: 96, height: 96, partUid: '%1'})").arg(text(3))));
+
+        QCOMPARE(site.link.zones[0].position, (Model::Position{70, double(0.7F)}));
+    }
+
+    void addsAZoneAtTheGivenPlace()
+    {
+        Site site;
+        QJSEngine engine;
+        site.link.publishZones({placed(1, 3, 0, 0, 100, 100)});
+
+        site.zones.addZone(
+            engine.evaluate(QString("({x: 1.5, y: 2, width: 30, height: 40, partUid: '%1'})").arg(text(3))));
+
+        QCOMPARE(site.link.operations, QStringList({"addZones"}));
+        const auto added = site.link.zones.at(0);
+        QVERIFY(!added.uid.isNull());
+        QCOMPARE(added.partUid, uid(3));
+        QCOMPARE(added.name, QString());
+        QCOMPARE(added.position, (Model::Position{1.5, 2}));
+        QCOMPARE(added.width, 30.0);
+        QCOMPARE(added.height, 40.0);
+        QCOMPARE(site.zones.rowCount(), 1);
+    }
+
+    void oneCoordinateIsNoPlace()
+    {
+        Site site;
+        QJSEngine engine;
+
+        site.zones.addZone(engine.evaluate("({x: 50, width: 30, height: 40})"));
+
+        QCOMPARE(site.link.zones.at(0).position, (Model::Position{0, 0}));
+    }
+
+    void aZoneWithoutSizeHasTheUsualOne_data()
+    {
+        QTest::addColumn<QString>("value");
+
+        QTest::newRow("empty object") << "({})";
+        QTest::newRow("no numbers") << "({width: 'wide', height: undefined, x: NaN, y: {}})";
+        QTest::newRow("infinite") << "({width: Infinity, height: -Infinity, x: Infinity, y: 5})";
+        QTest::newRow("array") << "[1, 2]";
+    }
+
+    void aZoneWithoutSizeHasTheUsualOne()
+    {
+        Site site;
+        QJSEngine engine;
+        QFETCH(QString, value);
+
+        site.zones.addZone(engine.evaluate(value));
+
+        QCOMPARE(site.link.zones.at(0).width, 100.0);
+        QCOMPARE(site.link.zones.at(0).height, 100.0);
+        QCOMPARE(site.link.zones.at(0).position, (Model::Position{0, 0}));
+        QVERIFY(site.link.zones.at(0).partUid.isNull());
+    }
+
+    void addsNothingFromWhatIsNoObject_data()
+    {
+        QTest::addColumn<QString>("value");
+
+        QTest::newRow("undefined") << "undefined";
+        QTest::newRow("null") << "null";
+        QTest::newRow("text") << "'zone'";
+        QTest::newRow("number") << "5";
+    }
+
+    void addsNothingFromWhatIsNoObject()
+    {
+        Site site;
+        QJSEngine engine;
+        QFETCH(QString, value);
+
+        site.zones.addZone(engine.evaluate(value));
+
+        QCOMPARE(site.link.operations, QStringList());
+    }
+
+    void callsBackWithTheNewUids()
+    {
+        Site site;
+        QJSEngine engine;
+        const auto callback = engine.evaluate("(function(uids) { got = Array.isArray(uids) + ' ' + uids.join(); })");
+        site.zones.addZone(engine.evaluate("({})"), callback);
+
+        site.link.uidsCallback({uid(1), uid(2)});
+
+        QCOMPARE(engine.globalObject().property("got").toString(), "true " + text(1) + ',' + text(2));
+    }
+
+    void aFailingCallbackIsLogged()
+    {
+        Site site;
+        QJSEngine engine;
+        site.zones.addZone(engine.evaluate("({})"), engine.evaluate("(function() { nosuchthing(); })"));
+        expectMessage(QtWarningMsg, "A callback failed: .*nosuchthing");
+
+        site.link.uidsCallback({uid(1)});
+    }
+
+    void aCallbackThatCannotBeCalledIsPassedOver()
+    {
+        Site site;
+        QJSEngine engine;
+
+        for (const auto *const text : {"undefined", "null", "'text'", "({})", "5"}) {
+            site.zones.addZone(engine.evaluate("({})"), engine.evaluate(text));
+            site.link.uidsCallback({uid(1)});
+        }
+
+        QCOMPARE(site.link.operations.size(), 5);
+    }
+
+    void aCallbackIsNotCalledWhenTheModelIsGone()
+    {
+        FakeCommunicator link;
+        UsersListModel users(link);
+        DevicesListModel devices(link);
+        QJSEngine engine;
+        engine.evaluate("calls = 0");
+        const auto callback = engine.evaluate("(function() { calls += 1; })");
+        {
+            ZonesListModel zones(link, devices, users);
+            zones.addZone(engine.evaluate("({})"), callback);
+            link.uidsCallback({uid(1)});
+        }
+
+        link.uidsCallback({uid(1)});
+
+        QCOMPARE(engine.globalObject().property("calls").toInt(), 1);
+    }
+
+    void aCallbackIsNotCalledWhenItsEngineIsGone()
+    {
+        Site site;
+        {
+            QJSEngine engine;
+            site.zones.addZone(engine.evaluate("({})"), engine.evaluate("(function() {})"));
+        }
+
+        site.link.uidsCallback({uid(1)});
+
+        QCOMPARE(site.link.operations, QStringList({"addZones"}));
+    }
+
+    void changesGeometryOfACopy()
+    {
+        Site site;
+        auto record = placed(1, 3, 1, 2, 3, 4);
+        record.name = "Hall";
+        site.link.publishZones({record, zone(2)});
+
+        site.zones.changeZoneGeometry(text(1), 10, 20, 30, 40);
+
+        auto expected = record;
+        expected.position = {10, 20};
+        expected.width = 30;
+        expected.height = 40;
+        QCOMPARE(site.link.operations, QStringList({"changeZones"}));
+        QVERIFY(site.link.zones == std::vector<Model::Zone>{expected});
+        QCOMPARE(value(site.zones, 0, Role::X).toDouble(), 1.0);
+    }
+
+    void changesNameOfACopy()
+    {
+        Site site;
+        site.link.publishZones({zone(1, "old", 3)});
+
+        site.zones.changeZoneName(text(1), "new");
+
+        QVERIFY(site.link.zones == std::vector<Model::Zone>{zone(1, "new", 3)});
+        QCOMPARE(value(site.zones, 0, Role::Name).toString(), QString("old"));
+    }
+
+    void changesNothingOfAnUnknownZone()
+    {
+        Site site;
+        site.link.publishZones({zone(1)});
+
+        site.zones.changeZoneGeometry(text(2), 1, 2, 3, 4);
+        site.zones.changeZoneGeometry("no uid", 1, 2, 3, 4);
+        site.zones.changeZoneGeometry(text(1), qQNaN(), 2, 3, 4);
+        site.zones.changeZoneGeometry(text(1), 1, 2, qInf(), 4);
+        site.zones.changeZoneName(text(2), "new");
+        site.zones.changeZoneName(QString(), "new");
+
+        QCOMPARE(site.link.operations, QStringList());
+    }
+
+    void removesByUids()
+    {
+        Site site;
+
+        site.zones.removeZones({text(1), "no uid", text(2)});
+
+        QCOMPARE(site.link.operations, QStringList({"removeZones"}));
+        QVERIFY(site.link.zones == (std::vector<Model::Zone>{zone(1), zone(2)}));
+    }
+
+    void scriptsMayPassAnything()
+    {
+        // Qt warns of arguments that it cannot convert.
+        allowMessages("Could not convert argument|%entry@|incompatible arguments|TypeError in future");
+        Site site;
+        QJSEngine engine;
+        expose(engine, "zones", site.zones);
+
+        for (const auto *const call :
+             {"zones.removeZones(undefined)", "zones.removeZones(5)", "zones.removeZones([])",
+              "zones.removeZones({a: 1})", "zones.removeZones('text')", "zones.removeZones([null, 1, {}])",
+              "zones.changeZoneName(null, {})", "zones.changeZoneGeometry('a', 'b', [], {}, null)",
+              "zones.addZone(undefined)", "zones.getByUid(null)"})
+            engine.evaluate(call);
+        QCOMPARE(site.link.operations, QStringList());
+        const auto result = engine.evaluate(QString("zones.removeZones(['%1']); 'done'").arg(text(1)));
+
+        QCOMPARE(result.toString(), QString("done"));
+        QCOMPARE(site.link.operations, QStringList({"removeZones"}));
+        QCOMPARE(site.link.zones.at(0).uid, uid(1));
+    }
+
+    void tenThousandZonesWithDuplicates()
+    {
+        Site site;
+        std::vector<Model::Zone> zones;
+        for (uint i = 0; i < 10000; ++i)
+            zones.push_back(zone(i % 9000, QString::number(i)));
+
+        site.link.publishZones(zones);
+        QCOMPARE(site.zones.rowCount(), 10000);
+        zones.resize(9000);
+        site.link.publishZones(zones);
+        QCOMPARE(site.zones.rowCount(), 10000);
+        QCOMPARE(value(site.zones, 9500, Role::Name).toString(), QString("500"));
+        zones.resize(1);
+        site.link.publishZones(zones);
+        QCOMPARE(site.zones.rowCount(), 2);
+    }
+};
+
+ONDIRA_TEST(ZonesListModelTest)
+#include "ZonesListModelTest.moc"
