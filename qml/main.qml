@@ -16,6 +16,7 @@ QC2.ApplicationWindow {
     height: 660
     minimumWidth: 320
     minimumHeight: 320
+    visible: true
     visibility: startFullscreen ? Window.FullScreen : Window.Maximized
     title: "Ondira Smart " + versionController.version()
     color: "white"

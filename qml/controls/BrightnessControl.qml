@@ -30,6 +30,7 @@ QC2.Pane {
         commandSent()
     }
 
+    implicitWidth: 320
     implicitHeight: small ? 110 : 86
     padding: 8
     Material.theme: Material.Dark
@@ -61,8 +62,7 @@ QC2.Pane {
         }
     }
 
-    GridLayout {
-        anchors.fill: parent
+    contentItem: GridLayout {
         columns: root.small ? 1 : 2
         columnSpacing: 16
         rowSpacing: 0

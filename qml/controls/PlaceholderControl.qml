@@ -24,7 +24,7 @@ Rectangle {
 
     ColumnLayout {
         anchors.centerIn: parent
-        width: Math.min(parent.width - 32, 560)
+        width: Math.max(160, Math.min(parent.width - 32, 560))
         spacing: 8
 
         QC2.Label {

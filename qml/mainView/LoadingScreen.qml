@@ -36,7 +36,7 @@ Rectangle {
 
     ColumnLayout {
         anchors.centerIn: parent
-        width: Math.min(parent.width - 32, 480)
+        width: Math.max(160, Math.min(parent.width - 32, 480))
         spacing: 16
 
         Image {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick 2.15
+import QtQml.Models 2.15
 import QtQuick.Controls 2.15 as QC2
 import EnhancedMaterial 1.0 as EM
 import tiles 1.0
