@@ -69,6 +69,7 @@ void FakeServer::closeControl()
 void FakeServer::openPublications()
 {
     m_publications = bind(ZMQ_XPUB, m_updatePort);
+    m_publications->setOption(ZMQ_XPUB_VERBOSE, 1); // tells of a subscriber also while another one still stands
     connect(m_publications.get(), &ZMQSocket::messageReceived, this, &FakeServer::onSubscription);
 }
 
@@ -102,7 +103,8 @@ void FakeServer::onSubscription(const QList<QByteArray> &frames)
     const auto frame = frames.value(0);
     const auto topic = QString::fromUtf8(frame.mid(1));
     if (frame.startsWith('\1')) {
-        subscriptions << topic;
+        if (!subscriptions.contains(topic))
+            subscriptions << topic;
         emit subscribed(frame.mid(1));
     } else {
         subscriptions.removeOne(topic);

@@ -42,7 +42,7 @@ public:
     int updatePort() const { return m_updatePort; }
 
     std::vector<Request> requests; // oldest first
-    QStringList subscriptions; // in the order in which they came, until withdrawn
+    QStringList subscriptions; // each once, in the order in which they came, until withdrawn
 
     // What each request gets once it is noted. The default answers a login and nothing else.
     std::function<void(const Request &)> answer;
