@@ -61,6 +61,7 @@ DemoSite::DemoSite(const SiteData &data, QObject *parent)
     , m_data(data)
     , m_initial(data)
 {
+    qRegisterMetaType<List>();
     index();
 }
 

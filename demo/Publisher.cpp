@@ -33,7 +33,7 @@ struct Topic
 
 QByteArray languageOf(const QByteArray &locale)
 {
-    return locale.left(locale.indexOf('_')).toLower();
+    return locale.split('_').first().toLower();
 }
 
 void writeDevices(const SiteData &site, const QByteArray &, QVariantList &entities)

@@ -66,7 +66,7 @@ bool isLink(const QJsonValue &value)
 {
     if (!value.isString())
         return false;
-    const QUrl url("ondira://backend/" + value.toString(), QUrl::StrictMode);
+    const QUrl url("ondira://backend/" + value.toString()); // tolerant: uids come with their braces;
     const auto path = url.path(QUrl::FullyDecoded).split('/', Qt::SkipEmptyParts);
     return url.isValid() && path.size() >= 1 && path.size() <= 2 && !url.hasFragment();
 }

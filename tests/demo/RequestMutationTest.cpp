@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "SiteFixture.h"
+#include "demo/Publisher.h"
+#include "demo/SiteLoader.h"
+#include "support/TestBase.h"
+
+#include <QJsonDocument>
+#include <random>
+
+using namespace SiteFixture;
+using Flags = ZmqMessageHeader::Flags;
+
+namespace {
+
+QByteArray idsOf(const char *type, std::initializer_list<const char *> uids)
+{
+    QByteArray list;
+    for (const auto *uid : uids)
+        list += QByteArray(list.isEmpty() ? "" : ", ") + R"({"type": ")" + type + R"(", "id": ")" + uid + "\"}";
+    return "[" + list + "]";
+}
+
+// Good requests, of which each round spoils one.
+QList<QByteArray> goodRequests()
+{
+    const QByteArray tillText = till;
+    return {
+        loginDocument("admin", "secret"),
+        document("POST", "ping/", R"([{"type": "", "id": ""}])"),
+        document("GET", "users"),
+        document("GET", "system_time"),
+        document("POST", "zones",
+                 R"([{"type": "zone", "id": ")" + tillText + R"(", "attributes": {"name": "Я",
+            "part_uid": ")"
+                     + hall + R"(", "x": 16, "y": 32.5, "width": 96, "height": 96}}])"),
+        document("DELETE", "zones", idsOf("zone", {till, door})),
+        document("POST", "devices",
+                 R"([{"type": "device", "id": "{00000000-0000-0000-0000-000000000000}",
+            "attributes": {"url": "Lamp.qml", "zone_uid": ")"
+                     + tillText + R"(", "address": 7,
+            "persistentData": {"name": "A"}, "radio_type": "mrf", "radio_index": 0}}])"),
+        document("POST", "device_states",
+                 R"([{"type": "device_state", "id": ")" + QByteArray(lamp)
+                     + R"(", "attributes": {"state": {"power": 50}}}])"),
+        document("POST", "oneshot_blueprint",
+                 R"([{"type": "oneshot_blueprint",
+            "id": "{00000ec0-0002-0000-0000-000000000002}", "attributes": {"zones": [")"
+                     + tillText + R"("],
+            "properties": [{"node": "", "property": "power", "value": {"type": "integer", "value": 50}}]}}])"),
+        document("POST", "users", R"([{"type": "user", "id": "anna", "attributes": {"login": "anna",
+            "password": "eA==", "group": "user", "zones_whitelist": null}}])"),
+        document("POST", "system_time/", R"([{"type": "time_info", "id": "0", "attributes":
+            {"time": "2030-01-02T03:04:05Z", "timezone": "UTC", "ntp": false}}])"),
+        document("POST", "shops/" + QByteArray(site),
+                 R"([{"type": "shop", "id": ")" + QByteArray(site) + R"(", "attributes": {"name": "A"},
+            "relationships": {"shop_parts": {"data": [{"type": "shop_part", "id": ")"
+                     + hall + R"(", "meta": {}}]}}}])",
+                 R"([{"type": "shop_part", "id": ")" + QByteArray(hall) + R"(", "attributes": {"name": "B"}}])"),
+        document("DELETE", "shop_parts", idsOf("shop_part", {hall})),
+        document("POST", "system_factory_reset/", R"([{"type": "factory_reset", "id": ""}])"),
+    };
+}
+
+class Spoiler
+{
+public:
+    explicit Spoiler(quint32 seed)
+        : m_random(seed)
+    {}
+
+    int number(int below) { return below <= 0 ? 0 : int(m_random() % quint32(below)); }
+
+    QByteArray spoil(QByteArray bytes)
+    {
+        static const QByteArrayList pieces{
+            "null", "[]",      "{}",     "\"\"", "1e308", "-1", "true", "\\u0000", "\xff", "99999999999999999999",
+            "[[[[", "\"id\":", "DELETE", "GET",  ",",     "\""};
+        for (int i = number(4); i >= 0; --i) {
+            const int at = number(bytes.size());
+            switch (number(6)) {
+            case 0: bytes[at < bytes.size() ? at : 0] = char(number(256)); break;
+            case 1: bytes.remove(at, 1 + number(20)); break;
+            case 2: bytes.insert(at, pieces.at(number(pieces.size()))); break;
+            case 3: bytes.truncate(at); break;
+            case 4: bytes.insert(at, bytes.mid(number(bytes.size()), number(60))); break;
+            default: bytes.replace(at, 1 + number(8), pieces.at(number(pieces.size()))); break;
+            }
+            if (bytes.isEmpty())
+                bytes = "{";
+        }
+        return bytes;
+    }
+
+private:
+    std::mt19937 m_random;
+};
+
+// A reply is readable, has the request's id and packing, and holds either data or errors with code and title.
+bool isHonest(const Demo::Message &request, const Demo::Message &reply)
+{
+    if (reply.header.id() != request.header.id() || reply.header.isCompressed() != request.header.isCompressed())
+        return false;
+    const auto body = reply.header.isCompressed() ? qUncompress(reply.body) : reply.body;
+    if (reply.header.isRaw())
+        return ZmqBinaryMessage::fromByteArray(body).get("data");
+    const auto document = QJsonDocument::fromJson(body).object();
+    const auto errors = codes(document);
+    return document.value("server_version").toString() == "4.5.2"
+        && document.contains("data") == !document.contains("errors") && !errors.contains(QString());
+}
+
+// What the site holds is always something that it could be delivered with.
+bool holdsTogether(const Demo::DemoSite &site, QString *error)
+{
+    return bool(Demo::SiteLoader::fromJson(Demo::SiteLoader::toJson(site.data()), error));
+}
+
+} // namespace
+
+class RequestMutationTest : public TestBase
+{
+    Q_OBJECT
+
+private slots:
+    void goodRequestsAreAnswered();
+    void spoiltDocumentsAreAnswered();
+    void spoiltMessagesAreAnswered();
+    void spoiltUploadsAreAnswered();
+};
+
+void RequestMutationTest::goodRequestsAreAnswered()
+{
+    for (const auto &request : goodRequests()) {
+        Desk desk;
+        QVERIFY2(codes(desk.ask(request)).isEmpty(), request);
+    }
+}
+
+void RequestMutationTest::spoiltDocumentsAreAnswered()
+{
+    Desk desk;
+    Demo::Publisher publisher(desk.site, QVersionNumber(4, 5, 2));
+    Spoiler spoiler(20261121);
+    const auto requests = goodRequests();
+    const ZmqMessageHeader header({Flags::Json}, "zones:1");
+    int refused = 0;
+
+    for (int round = 0; round < 4000; ++round) {
+        const Demo::Message request{header, spoiler.spoil(requests.at(spoiler.number(requests.size())))};
+        const auto reply = desk.handler.answer("admin", request);
+        QVERIFY2(isHonest(request, reply), request.body);
+        refused += reply.body.contains("errors") ? 1 : 0;
+        if (round % 50 == 0) { // somebody logs in again and puts things right
+            QString error;
+            QVERIFY2(holdsTogether(desk.site, &error), qPrintable(error));
+            QVERIFY(!publisher.document("device_states").isEmpty());
+            desk.site.reset();
+            desk.ask(loginDocument("admin", "secret"));
+        }
+    }
+
+    QVERIFY(refused > 2000);
+    QVERIFY(refused < 4000); // some stay readable
+    desk.site.reset();
+    desk.ask(loginDocument("admin", "secret"));
+    QCOMPARE(codes(desk.get("users")), QStringList());
+}
+
+void RequestMutationTest::spoiltMessagesAreAnswered()
+{
+    allowMessages("Byte consumer|bytes");
+    Desk desk;
+    Spoiler spoiler(7);
+    const auto requests = goodRequests();
+
+    for (int round = 0; round < 2000; ++round) {
+        const auto document = requests.at(spoiler.number(requests.size()));
+        const auto header = ZmqMessageHeader(quint8(spoiler.number(256)), "id:" + QByteArray::number(round));
+        const Demo::Message request{header, spoiler.spoil(spoiler.number(2) ? qCompress(document) : document)};
+        const auto reply = desk.handler.answer("admin", request);
+        QVERIFY2(isHonest(request, reply), request.body.toHex());
+        if (round % 50 == 0) {
+            desk.site.reset();
+            desk.ask(loginDocument("admin", "secret"));
+        }
+    }
+
+    desk.site.reset();
+    desk.ask(loginDocument("admin", "secret"));
+    QCOMPARE(codes(desk.get("users")), QStringList());
+}
+
+void RequestMutationTest::spoiltUploadsAreAnswered()
+{
+    allowMessages("Byte consumer|bytes|Unknown parameter type|map:");
+    Desk desk;
+    Spoiler spoiler(9);
+    const auto json = Demo::SiteLoader::toJson(data());
+    int restored = 0;
+
+    for (int round = 0; round < 300; ++round) {
+        ZmqBinaryMessage message("system_backup_restore");
+        message.add("data", qCompress(spoiler.spoil(json), 1));
+        auto body = message.toByteArray();
+        if (round % 3 == 0)
+            body = spoiler.spoil(body);
+        const Demo::Message request{ZmqMessageHeader({Flags::Raw}, "system_backup_restore:1"), body};
+        const auto reply = desk.handler.answer("admin", request);
+        QVERIFY(isHonest(request, reply));
+        restored += reply.body.contains("errors") ? 0 : 1;
+        QString error;
+        QVERIFY2(holdsTogether(desk.site, &error), qPrintable(error));
+        desk.site.reset();
+        desk.ask(loginDocument("admin", "secret"));
+    }
+
+    QVERIFY(restored < 300);
+    QCOMPARE(desk.site.data().zones.size(), size_t(2));
+}
+
+ONDIRA_TEST(RequestMutationTest)
+#include "RequestMutationTest.moc"
