@@ -356,9 +356,8 @@ ActionDatatype ActionDatatype::readVariant(const QVariant &variant, int depth)
     }
     if (type < QMetaType::User || !variant.canConvert<QJSValue>())
         return {};
-    const auto plain = variant.value<QJSValue>().toVariant();
-    // A function stays a script value for ever.
-    return plain.userType() == qMetaTypeId<QJSValue>() ? ActionDatatype() : readVariant(plain, depth);
+    // What a script value turns into may be a type of ours again, whose way into a script leads back here.
+    return depth < maxDepth ? readVariant(variant.value<QJSValue>().toVariant(), depth + 1) : ActionDatatype();
 }
 
 ActionDatatype ActionDatatype::readList(const QVariantList &list, int depth, Reader reader)

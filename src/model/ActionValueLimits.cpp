@@ -227,7 +227,6 @@ void ActionValueLimits::tightenList(const ListLimits &other)
     if (own.listType != Type::Void && own.listType != other.listType)
         return;
     auto narrow = ListLimits::fromValueLimits(own.toValueLimits().tightened(other.toValueLimits()));
-    narrow.listType = other.listType;
     narrow.minLength = std::max(own.minLength, other.minLength);
     narrow.maxLength = std::min(own.maxLength, other.maxLength);
     m_limits = narrow;

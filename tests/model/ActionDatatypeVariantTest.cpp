@@ -27,7 +27,14 @@ struct Scripted
     int value = 0;
 };
 
-// A type of ours that does not.
+// A type of ours whose way into a script leads back to itself.
+struct Circular
+{
+    QJSEngine *engine = nullptr;
+    int *conversions = nullptr;
+};
+
+// A type of ours without such a way.
 struct Opaque
 {
     int value = 0;
@@ -59,6 +66,7 @@ QByteArray nestedLists(int depth, const QByteArray &innermost)
 } // namespace
 
 Q_DECLARE_METATYPE(Scripted)
+Q_DECLARE_METATYPE(Circular)
 Q_DECLARE_METATYPE(Opaque)
 
 class ActionDatatypeVariantTest : public TestBase
@@ -84,6 +92,7 @@ private slots:
     void buildsFromScriptValue();
     void scriptValueThatHoldsItselfEnds();
     void typeWithConversionToScriptIsRead();
+    void typeThatConvertsToItselfIsVoid();
     void typeWithoutConversionIsVoid();
 };
 
@@ -371,6 +380,22 @@ void ActionDatatypeVariantTest::typeWithConversionToScriptIsRead()
             [](const Scripted &scripted) { return QJSValue(scripted.value); })));
 
     QVERIFY(ActionDatatype(QVariant::fromValue(Scripted{7})) == integer(7));
+}
+
+void ActionDatatypeVariantTest::typeThatConvertsToItselfIsVoid()
+{
+    if (!QMetaType::hasRegisteredConverterFunction<Circular, QJSValue>())
+        QVERIFY((QMetaType::registerConverter<Circular, QJSValue>([](const Circular &circular) {
+            ++*circular.conversions;
+            return circular.engine->toScriptValue(circular);
+        })));
+    QJSEngine engine;
+    int conversions = 0;
+
+    const ActionDatatype value(QVariant::fromValue(Circular{&engine, &conversions}));
+
+    QVERIFY(value.isVoid());
+    QVERIFY(conversions > 1);
 }
 
 void ActionDatatypeVariantTest::typeWithoutConversionIsVoid()
