@@ -96,6 +96,7 @@ private:
     void onBackupReply(const QByteArray &body, const BackupCallback &done);
     void reportError(const QString &code, const QString &title, const QString &detail = {});
 
+    bool publishStatesFast(const QByteArray &body);
     void onDeviceStatesReceived(const JsonAPI::Response &response);
     void onDeviceTypesReceived(const JsonAPI::Response &response);
     void onDeviceModesReceived(const JsonAPI::Response &response);

@@ -668,7 +668,7 @@ void CommunicatorCoreTest::pingsComeAtTheirInterval()
     const int before = server.count("ping");
     QTRY_VERIFY(server.count("ping") >= before + 5);
 
-    QVERIFY2(elapsed.elapsed() >= 4 * 50, qPrintable(QString::number(elapsed.elapsed())));
+    QVERIFY2(elapsed.elapsed() >= 150, qPrintable(QString::number(elapsed.elapsed())));
 }
 
 void CommunicatorCoreTest::pingsEndWithTheConnection()

@@ -53,6 +53,8 @@ private slots:
     void topicComesFromTheFirstFrame();
     void manyRowsArriveWhole();
     void repeatedUidsArriveAsSent();
+    void statesReadTheSameOnBothRoads_data();
+    void statesReadTheSameOnBothRoads();
 
 private:
     // Hands over a publication as the socket would.
@@ -364,6 +366,43 @@ void PublicationsTest::repeatedUidsArriveAsSent()
 
     QCOMPARE(m_link->getDataCache().getZones().size(), size_t(3));
     QCOMPARE(m_link->getDataCache().getZones().at(1).name, QString("second"));
+}
+
+void PublicationsTest::statesReadTheSameOnBothRoads_data()
+{
+    QTest::addColumn<QByteArray>("entities");
+    QTest::addColumn<QByteArray>("version");
+    QTest::addColumn<size_t>("count");
+
+    const QByteArray usual = R"({"type":"device_state","id":")" + hall + R"(","attributes":{"state":{"power":40}}})";
+    QTest::newRow("usual") << usual << QByteArray("4.8.1") << size_t(1);
+    QTest::newRow("none") << QByteArray() << QByteArray("4.8.1") << size_t(0);
+    QTest::newRow("null among them") << "null," + usual << QByteArray("4.8.1") << size_t(2);
+    QTest::newRow("odd id") << R"({"type":7,"id":[1],"attributes":{"state":{"power":40}}},)" + usual
+                            << QByteArray("4.8.1") << size_t(2);
+    QTest::newRow("a key twice") << R"({"id":"{}","id":"{}"},)" + usual << QByteArray("4.8.1") << size_t(2);
+    QTest::newRow("odd version") << usual << QByteArray("newest") << size_t(1);
+}
+
+void PublicationsTest::statesReadTheSameOnBothRoads()
+{
+    QFETCH(QByteArray, entities);
+    QFETCH(QByteArray, version);
+    QFETCH(size_t, count);
+    QSignalSpy states(m_link.get(), &Link::devicesStatesReceived);
+
+    receive("device_states", list(entities, version));
+
+    QCOMPARE(states.size(), 1);
+    const auto received = m_link->getDataCache().getDeviceStates();
+    QCOMPARE(received.size(), count);
+    if (count)
+        QCOMPARE(received.back().state, (QVariantMap{{"power", 40}}));
+    QCOMPARE(m_link->getServerVersion(), QVersionNumber::fromString(version));
+
+    receive("device_states", R"({"errors":[{"code":"broken"}],"data":[]})");
+    QCOMPARE(states.size(), 1);
+    QCOMPARE(m_link->errorCodes, QStringList{"broken"});
 }
 
 ONDIRA_TEST(PublicationsTest)
