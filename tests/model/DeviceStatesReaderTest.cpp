@@ -1,57 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/json/DeviceStatesReader.h"
-#include "link/document/Response.h"
-#include "model/json/DeviceState.h"
+
+#include "model/BothRoads.h"
 #include "support/TestBase.h"
 
 #include <QRandomGenerator>
-#include <cstring>
 
+using BothRoads::plainRoad;
+using BothRoads::same;
 using JsonAPI::DeviceStatesReader;
-using JsonAPI::FastDeviceStates;
 
 namespace {
 
 const QByteArray uid = "{11111111-1111-1111-1111-111111111111}";
-
-FastDeviceStates plainRoad(const QByteArray &json)
-{
-    const auto response = JsonAPI::Response::fromByteArray(json);
-    return {JsonAPI::Entity::toType(response.data, JsonAPI::DeviceState::fromVariant), response.serverVersion};
-}
-
-// Stricter than the equality of variants, which lets 1 equal 1.0 and "1".
-bool same(const QVariant &left, const QVariant &right)
-{
-    if (left.userType() != right.userType() || left.isNull() != right.isNull())
-        return false;
-    if (left.type() == QVariant::Map) {
-        const auto leftMap = left.toMap();
-        const auto rightMap = right.toMap();
-        return leftMap.keys() == rightMap.keys()
-            && std::equal(leftMap.begin(), leftMap.end(), rightMap.begin(), rightMap.end(), same);
-    }
-    if (left.type() == QVariant::List) {
-        const auto leftList = left.toList();
-        const auto rightList = right.toList();
-        return std::equal(leftList.begin(), leftList.end(), rightList.begin(), rightList.end(), same);
-    }
-    if (left.type() == QVariant::Double) {
-        const double leftNumber = left.toDouble();
-        const double rightNumber = right.toDouble();
-        return std::memcmp(&leftNumber, &rightNumber, sizeof leftNumber) == 0; // minus zero is no zero
-    }
-    return left.userType() == QMetaType::Nullptr || left == right;
-}
-
-bool same(const FastDeviceStates &left, const FastDeviceStates &right)
-{
-    return left.serverVersion == right.serverVersion
-        && std::equal(left.states.begin(), left.states.end(), right.states.begin(), right.states.end(),
-                      [](const Model::DeviceState &leftState, const Model::DeviceState &rightState) {
-                          return leftState.uid == rightState.uid && same(leftState.state, rightState.state);
-                      });
-}
 
 QByteArray withState(const QByteArray &state)
 {
