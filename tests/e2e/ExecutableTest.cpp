@@ -47,7 +47,7 @@ void ExecutableTest::losesTheServerAndComesBack()
     QVERIFY(site.start());
     QVERIFY(
         saveConnection(QStringLiteral("Проверка"), site.address(), QStringLiteral("admin"), QStringLiteral("admin")));
-    QProcess program;
+    ChildProcess program;
     QString log;
 
     start(program);
@@ -71,7 +71,7 @@ void ExecutableTest::losesTheServerAndComesBack()
 
 void ExecutableTest::startsInAHomeThatCannotBeWritten()
 {
-    QProcess program;
+    ChildProcess program;
     QString log;
 
     // A file stands where the data folder should be: not even root can write below it.
@@ -98,7 +98,7 @@ void ExecutableTest::startsOnADamagedDatabaseAndLeavesItAlone()
     QVERIFY(database.open(QIODevice::WriteOnly));
     database.write(damaged);
     database.close();
-    QProcess program;
+    ChildProcess program;
     QString log;
 
     start(program, home.path());

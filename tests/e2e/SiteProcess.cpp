@@ -7,6 +7,13 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <csignal>
+#include <sys/prctl.h>
+
+void ChildProcess::setupChildProcess()
+{
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+}
 
 SiteProcess::SiteProcess(const QString &address)
     : m_address(address)

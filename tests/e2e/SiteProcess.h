@@ -5,6 +5,13 @@
 #include <QString>
 #include <QStringList>
 
+// A child process that does not outlive this one, however it ends.
+class ChildProcess : public QProcess
+{
+protected:
+    void setupChildProcess() override;
+};
+
 // The demo site as a process of its own, on a loopback address of its own with the ports that the program expects.
 class SiteProcess
 {
@@ -18,7 +25,7 @@ public:
 
 private:
     QString m_address;
-    QProcess m_process;
+    ChildProcess m_process;
 };
 
 // Saves one connection to that address in the data home of this process.
