@@ -38,6 +38,9 @@ protected:
     // Whether the index names a row of this model. Unlike checkIndex() it says nothing in the log: views and proxies
     // ask for rows that are not there as a matter of course.
     bool holds(const QModelIndex &index) const;
+
+private:
+    quint64 m_merges = 0;
 };
 
 // Turns the rows of a model into a fresh list by the fewest row signals: rows that persist stay where they are, so
@@ -93,14 +96,21 @@ public:
 
     void transform()
     {
+        m_turn = ++m_model.m_merges;
         indexNewItems();
         removeGone();
-        updatePresent();
-        insertNew();
+        if (isCurrent())
+            updatePresent();
+        if (isCurrent())
+            insertNew();
     }
 
 private:
     static constexpr int none = -1;
+
+    // False when a slot of one of the signals has merged another list, by closing the link for instance: that list is
+    // the newer one, and stands.
+    bool isCurrent() const { return m_model.m_merges == m_turn; }
 
     void indexNewItems()
     {
@@ -126,6 +136,8 @@ private:
             }
             if (gone.count > 0) {
                 remove(gone);
+                if (!isCurrent())
+                    return;
                 row = gone.first; // where the row just found present stands now
                 gone.count = 0;
             }
@@ -204,6 +216,7 @@ private:
     std::vector<Row> *m_source = nullptr; // the same list, where its records may be moved
     UidFunction m_uidOf;
     UidKeyAbstractListModel &m_model;
+    quint64 m_turn = 0;
     UidIndex m_incoming{0};
     std::vector<int> m_standsFor; // for each new row the first new row of its uid
     std::vector<int> m_uses; // for each new row the number of present rows that take its record

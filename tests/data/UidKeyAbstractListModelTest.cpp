@@ -320,6 +320,39 @@ private slots:
         QCOMPARE(names(model), QString("B C"));
     }
 
+    void aListThatASlotBringsMeanwhileStands_data()
+    {
+        QTest::addColumn<QString>("signal");
+
+        QTest::newRow("when rows are removed") << "removed";
+        QTest::newRow("when data is changed") << "changed";
+        QTest::newRow("when rows are inserted") << "inserted";
+    }
+
+    void aListThatASlotBringsMeanwhileStands()
+    {
+        QFETCH(QString, signal);
+        RowsModel model;
+        model.take(list({"A", "B", "C", "D"}));
+        bool once = true;
+        const auto interfere = [&](const QString &name) {
+            if (once && name == signal) {
+                once = false;
+                model.take(list({"D", "X", "C"}));
+            }
+        };
+        connect(&model, &QAbstractItemModel::rowsRemoved, &model, [&] { interfere("removed"); });
+        connect(&model, &QAbstractItemModel::dataChanged, &model, [&] { interfere("changed"); });
+        connect(&model, &QAbstractItemModel::rowsInserted, &model, [&] { interfere("inserted"); });
+
+        model.take(list({"B", "D", "E"}));
+
+        QVERIFY(!once);
+        auto rows = Records::column(model, Name);
+        rows.sort();
+        QCOMPARE(rows, QStringList({"C", "D", "X"}));
+    }
+
     void rowsAndDataAgreeAtEverySignal()
     {
         std::mt19937 random(11);
