@@ -87,6 +87,10 @@ bool Soak::restart(int times)
         qint64 took = 0;
         if (!waitConnected(returnLimitMs, &took) || !waitListsEqual(listsLimitMs))
             return false;
+        if (!QTest::qWaitFor([this] { return m_client->link.getPublicationsAlive(); }, returnLimitMs)) {
+            std::printf("restart %d: publications come, but are said to be down\n", i);
+            return false;
+        }
         const int now = openDescriptors();
         if (i == 3)
             descriptors = now;

@@ -37,11 +37,15 @@ void TcpProxy::onNewConnection()
     while (auto *client = m_listener.nextPendingConnection()) {
         auto *server = new QTcpSocket(this);
         m_peers.insert(client, server);
-        connect(client, &QTcpSocket::readyRead, server, [client, server] { server->write(client->readAll()); });
+        const auto upload = [client, server] {
+            if (server->state() == QAbstractSocket::ConnectedState)
+                server->write(client->readAll());
+        };
+        connect(client, &QTcpSocket::readyRead, server, upload);
         connect(server, &QTcpSocket::readyRead, client, [client, server] { client->write(server->readAll()); });
         connect(client, &QTcpSocket::disconnected, this, [this, client] { drop(client); });
         connect(server, &QTcpSocket::disconnected, this, [this, client] { drop(client); });
-        connect(server, &QTcpSocket::connected, client, [client, server] { server->write(client->readAll()); });
+        connect(server, &QTcpSocket::connected, client, upload);
         server->connectToHost(m_host, static_cast<quint16>(m_targetPort));
     }
 }
