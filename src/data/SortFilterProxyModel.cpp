@@ -66,7 +66,7 @@ QJSValue SortFilterProxyModel::get(int index) const
     const auto names = roleNames();
     const QModelIndex modelIndex = this->index(index, 0);
     for (auto it = names.cbegin(); it != names.cend(); ++it)
-        row.setProperty(QString::fromUtf8(it.value()), engine->toScriptValue(data(modelIndex, it.key())));
+        row.setProperty(QString::fromUtf8(it.value()), engine->toScriptValue(modelIndex.data(it.key())));
     return row;
 }
 

@@ -5,8 +5,8 @@
 
 #include <QSet>
 
-// Passes the rows that name one of the allowed uids, in the filter role or, without one, in any role. The filters of the
-// base class count for nothing here.
+// Passes the rows that name one of the allowed uids, in the filter role or, without one, in any role. The filters of
+// the base class count for nothing here.
 class UidFilterProxyModel : public qqsfpm::QQmlSortFilterProxyModel
 {
     Q_OBJECT

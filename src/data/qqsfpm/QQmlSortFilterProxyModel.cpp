@@ -261,7 +261,8 @@ void QQmlSortFilterProxyModel::onChildInvalidated(const Sorter *)
 
 void QQmlSortFilterProxyModel::onChildAppended(ProxyRole *proxyRole)
 {
-    connect(proxyRole, &ProxyRole::namesChanged, this, [this] { onChildrenChanged(static_cast<ProxyRole *>(nullptr)); });
+    connect(proxyRole, &ProxyRole::namesChanged, this,
+            [this] { onChildrenChanged(static_cast<ProxyRole *>(nullptr)); });
 }
 
 void QQmlSortFilterProxyModel::onChildrenChanged(const ProxyRole *)
@@ -397,7 +398,8 @@ bool QQmlSortFilterProxyModel::updateBaseFilter()
     }
     if (m_isFilterPatternNew) {
         m_isFilterPatternNew = false;
-        setFilterRegExp(QRegExp(m_filterPattern, filterCaseSensitivity(), QRegExp::PatternSyntax(m_filterPatternSyntax)));
+        setFilterRegExp(
+            QRegExp(m_filterPattern, filterCaseSensitivity(), QRegExp::PatternSyntax(m_filterPatternSyntax)));
         hasFiltered = true;
     }
     return hasFiltered;

@@ -6,6 +6,7 @@
 #include "data/qqsfpm/sorters/SorterContainer.h"
 
 #include <QHash>
+#include <QPointer>
 #include <QQmlParserStatus>
 #include <QSortFilterProxyModel>
 #include <QVector>
@@ -37,8 +38,8 @@ class QQmlSortFilterProxyModel : public QSortFilterProxyModel,
     Q_PROPERTY(QVariant filterValue READ filterValue WRITE setFilterValue NOTIFY filterValueChanged)
 
     Q_PROPERTY(QString sortRoleName READ sortRoleName WRITE setSortRoleName NOTIFY sortRoleNameChanged)
-    Q_PROPERTY(bool ascendingSortOrder READ ascendingSortOrder WRITE setAscendingSortOrder NOTIFY
-                   ascendingSortOrderChanged)
+    Q_PROPERTY(
+        bool ascendingSortOrder READ ascendingSortOrder WRITE setAscendingSortOrder NOTIFY ascendingSortOrderChanged)
 
     Q_PROPERTY(QQmlListProperty<qqsfpm::Filter> filters READ filtersListProperty)
     Q_PROPERTY(QQmlListProperty<qqsfpm::Sorter> sorters READ sortersListProperty)
@@ -177,6 +178,7 @@ private:
                                   const QVector<int> &roles);
     void onSourceRowsChangedLate();
     void onSourceDestroyed();
+    void letGoOfDyingSource();
     void onDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight, const QVector<int> &roles);
     void updateCount();
 
@@ -212,6 +214,7 @@ private:
     int m_sortRole = Qt::DisplayRole;
     int m_baseSortRole = Qt::DisplayRole;
 
+    QPointer<QAbstractItemModel> m_source; // null as soon as the source is being destroyed
     QVector<QMetaObject::Connection> m_sourceConnections;
 
     QHash<int, QByteArray> m_sourceRoleNames;

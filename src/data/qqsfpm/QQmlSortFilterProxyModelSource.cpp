@@ -19,8 +19,11 @@ quint64 nextRoleGeneration()
 
 void QQmlSortFilterProxyModel::setSourceModel(QAbstractItemModel *sourceModel)
 {
-    if (sourceModel == this->sourceModel())
+    if (this->sourceModel() && !m_source)
+        letGoOfDyingSource();
+    else if (sourceModel == this->sourceModel())
         return;
+    m_source = sourceModel;
     for (const auto &connection : qAsConst(m_sourceConnections))
         disconnect(connection);
     m_sourceConnections.clear();
@@ -59,16 +62,16 @@ void QQmlSortFilterProxyModel::connectEarly(QAbstractItemModel &model)
         dropKeys();
         followSourceRoleNames(model);
     };
-    m_sourceConnections
-        << connect(&model, &QAbstractItemModel::dataChanged, this, &QQmlSortFilterProxyModel::onSourceDataChangedEarly)
-        << connect(&model, &QAbstractItemModel::rowsInserted, this, rolesMayChange)
-        << connect(&model, &QAbstractItemModel::modelReset, this, rolesMayChange)
-        << connect(&model, &QAbstractItemModel::rowsRemoved, this, rowsChanged)
-        << connect(&model, &QAbstractItemModel::rowsMoved, this, rowsChanged)
-        << connect(&model, &QAbstractItemModel::columnsInserted, this, rowsChanged)
-        << connect(&model, &QAbstractItemModel::columnsRemoved, this, rowsChanged)
-        << connect(&model, &QAbstractItemModel::columnsMoved, this, rowsChanged)
-        << connect(&model, &QAbstractItemModel::layoutChanged, this, rowsChanged);
+    m_sourceConnections << connect(&model, &QAbstractItemModel::dataChanged, this,
+                                   &QQmlSortFilterProxyModel::onSourceDataChangedEarly)
+                        << connect(&model, &QAbstractItemModel::rowsInserted, this, rolesMayChange)
+                        << connect(&model, &QAbstractItemModel::modelReset, this, rolesMayChange)
+                        << connect(&model, &QAbstractItemModel::rowsRemoved, this, rowsChanged)
+                        << connect(&model, &QAbstractItemModel::rowsMoved, this, rowsChanged)
+                        << connect(&model, &QAbstractItemModel::columnsInserted, this, rowsChanged)
+                        << connect(&model, &QAbstractItemModel::columnsRemoved, this, rowsChanged)
+                        << connect(&model, &QAbstractItemModel::columnsMoved, this, rowsChanged)
+                        << connect(&model, &QAbstractItemModel::layoutChanged, this, rowsChanged);
 }
 
 void QQmlSortFilterProxyModel::connectLate(QAbstractItemModel &model)
@@ -99,8 +102,8 @@ void QQmlSortFilterProxyModel::onSourceDataChangedEarly(const QModelIndex &topLe
         dropKeys();
     }
     // A ListModel of QML takes in new roles with the first value of one.
-    const bool isUnknown = std::any_of(roles.cbegin(), roles.cend(),
-                                       [this](int role) { return !m_sourceRoleNames.contains(role); });
+    const bool isUnknown =
+        std::any_of(roles.cbegin(), roles.cend(), [this](int role) { return !m_sourceRoleNames.contains(role); });
     if (isUnknown)
         followSourceRoleNames(*sourceModel());
 }
@@ -121,6 +124,14 @@ void QQmlSortFilterProxyModel::onSourceDestroyed()
     dropKeys();
     // The base class has let go of the model by now, but tells nobody.
     QSortFilterProxyModel::setSourceModel(nullptr);
+}
+
+void QQmlSortFilterProxyModel::letGoOfDyingSource()
+{
+    // A binding on the source is evaluated when the source is destroyed, before the base class has heard of it: left
+    // alone, it would call functions of a model that is no model any more.
+    disconnect(sourceModel(), nullptr, this, nullptr);
+    QMetaObject::invokeMethod(this, "_q_sourceModelDestroyed", Qt::DirectConnection);
 }
 
 void QQmlSortFilterProxyModel::updateRoleNames(const QAbstractItemModel *model)
@@ -198,9 +209,10 @@ bool QQmlSortFilterProxyModel::lessThan(const QModelIndex &left, const QModelInd
     } else {
         // The sort of the standard library runs over the end of its range when the same question gets another answer,
         // as from a script with Math.random(). It repeats itself within a few questions, and those are remembered.
-        const auto known = std::find_if(m_comparisons.cbegin(), m_comparisons.cend(), [&](const Comparison &comparison) {
-            return comparison.left == left && comparison.right == right;
-        });
+        const auto known =
+            std::find_if(m_comparisons.cbegin(), m_comparisons.cend(), [&](const Comparison &comparison) {
+                return comparison.left == left && comparison.right == right;
+            });
         if (known != m_comparisons.cend()) {
             isLess = known->isLess;
         } else {

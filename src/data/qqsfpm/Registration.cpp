@@ -53,6 +53,8 @@ void registerTypes()
 
 void registerQQmlSortFilterProxyModelTypes()
 {
+    // Without it a document can't write a model right at `sourceModel`.
+    qmlRegisterAnonymousType<QAbstractItemModel>(moduleUri, majorVersion);
     registerType<QQmlSortFilterProxyModel>("SortFilterProxyModel");
 }
 

@@ -69,7 +69,7 @@ private:
     struct Row
     {
         quint64 generation = 0;
-        Key key {};
+        Key key{};
     };
 
     std::vector<Row> m_rows;

@@ -30,8 +30,8 @@ RowReader::RowReader(QObject *parent)
 
 QJSValue RowReader::makeRow(QJSEngine &engine, const QQmlSortFilterProxyModel &proxyModel)
 {
-    QStringList names {QStringLiteral("index")};
-    QVariantList roles {positionRole};
+    QStringList names{QStringLiteral("index")};
+    QVariantList roles{positionRole};
     const auto &numbers = proxyModel.roleNumbers();
     for (auto it = numbers.cbegin(); it != numbers.cend(); ++it) {
         names << it.key(); // a role named "index" goes before the row's number

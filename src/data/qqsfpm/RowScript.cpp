@@ -34,7 +34,7 @@ bool RowScript::setScript(const QQmlScriptString &script)
         return false;
     m_script = script;
     m_scriptContext = qmlContext(parent());
-    m_lastWarning.clear();
+    m_lastFault.clear();
     m_roleGeneration = 0;
     dropExpressions();
     return true;
@@ -53,8 +53,9 @@ bool RowScript::evaluateBoolExpression(const std::vector<QModelIndex> &sourceInd
         return false;
     if (result.value.canConvert<bool>())
         return result.value.toBool();
-    warn(QString::asprintf("%s:%i:%i : Can't convert result to bool", qUtf8Printable(result.sourceFile), result.line,
-                           result.column));
+    const QString text = QString::asprintf("%s:%i:%i : Can't convert result to bool", qUtf8Printable(result.sourceFile),
+                                           result.line, result.column);
+    warn(text, text);
     return false;
 }
 
@@ -84,7 +85,12 @@ RowScript::Result RowScript::run(const std::vector<QModelIndex> &sourceIndexes,
     result.value = plainVariant(expression->evaluate());
     result.isFaulty = expression->hasError();
     if (result.isFaulty) {
-        warn(expression->error().toString());
+        QQmlError error = expression->error();
+        if (error.line() < 1) { // an error met again, of which the engine doesn't tell the place
+            error.setLine(expression->lineNumber());
+            error.setColumn(expression->columnNumber());
+        }
+        warn(error.description(), error.toString());
         result.value = QVariant();
     } else if (!result.value.canConvert<bool>()) {
         result.sourceFile = expression->sourceFile();
@@ -106,7 +112,7 @@ bool RowScript::prepare(const QQmlSortFilterProxyModel &proxyModel)
         return false; // the engine is gone, and with it what the script meant
     if (m_roleGeneration != proxyModel.roleGeneration() || !m_context)
         makeRows(proxyModel);
-    else if (m_hasChanged)
+    else if (m_isStale)
         dropExpressions();
     return true;
 }
@@ -150,7 +156,8 @@ void RowScript::keep(Expression expression, uint path)
 void RowScript::dropExpressions()
 {
     ++m_epoch;
-    m_hasChanged = false;
+    m_isStale = false;
+    m_isTold = false;
     m_paths.clear();
     // Later, since one of them may be telling of its change right now.
     if (m_current)
@@ -162,18 +169,25 @@ void RowScript::dropExpressions()
 
 void RowScript::onExpressionChanged(int epoch)
 {
-    if (epoch != m_epoch || m_hasChanged)
+    if (epoch != m_epoch)
         return;
-    m_hasChanged = true; // all others that listen will follow: told once until the next evaluation
+    m_isStale = true;
+    if (m_isTold)
+        return;
+    // All others that listen to the same will follow: told once until the next evaluation, or the next turn if the rows
+    // aren't evaluated again.
+    m_isTold = true;
+    QMetaObject::invokeMethod(
+        this, [this] { m_isTold = false; }, Qt::QueuedConnection);
     emit dependenciesChanged();
 }
 
-void RowScript::warn(const QString &text)
+void RowScript::warn(const QString &fault, const QString &text)
 {
-    // A faulty script fails on every row of every pass: the same text again would only drown the log.
-    if (m_lastWarning == text)
+    // A faulty script fails on every row of every pass: the same fault again would only drown the log.
+    if (m_lastFault == fault)
         return;
-    m_lastWarning = text;
+    m_lastFault = fault;
     qWarning("%s", qUtf8Printable(text));
 }
 

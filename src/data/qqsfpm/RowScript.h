@@ -62,7 +62,7 @@ private:
     void keep(Expression expression, uint path);
     void dropExpressions();
     void onExpressionChanged(int epoch);
-    void warn(const QString &text);
+    void warn(const QString &fault, const QString &text);
 
     const QStringList m_rowNames;
     std::vector<RowReader *> m_readers; // one for each row name, children
@@ -76,9 +76,10 @@ private:
     std::vector<Expression> m_kept;
     QSet<uint> m_paths;
     int m_epoch = 0; // expressions of an older one are not listened to
-    bool m_hasChanged = false;
+    bool m_isStale = false; // a dependency has changed since the latest evaluation
+    bool m_isTold = false;
 
-    QString m_lastWarning;
+    QString m_lastFault;
 };
 
 } // namespace qqsfpm

@@ -5,8 +5,7 @@
 
 namespace qqsfpm {
 
-bool FilterContainer::allFiltersAccept(const QModelIndex &sourceIndex,
-                                       const QQmlSortFilterProxyModel &proxyModel) const
+bool FilterContainer::allFiltersAccept(const QModelIndex &sourceIndex, const QQmlSortFilterProxyModel &proxyModel) const
 {
     // By number: a script among the filters may change the list.
     for (int i = 0; i < filters().size(); ++i) {

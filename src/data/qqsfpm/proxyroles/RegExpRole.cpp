@@ -30,7 +30,7 @@ void RegExpRole::setPattern(const QString &pattern)
 Qt::CaseSensitivity RegExpRole::caseSensitivity() const
 {
     return m_regExp.patternOptions() & QRegularExpression::CaseInsensitiveOption ? Qt::CaseInsensitive
-                                                                                  : Qt::CaseSensitive;
+                                                                                 : Qt::CaseSensitive;
 }
 
 void RegExpRole::setCaseSensitivity(Qt::CaseSensitivity caseSensitivity)

@@ -46,8 +46,7 @@ int Sorter::compareRows(const QModelIndex &left, const QModelIndex &right,
     return m_sortOrder == Qt::AscendingOrder ? order : -order;
 }
 
-int Sorter::compare(const QModelIndex &left, const QModelIndex &right,
-                    const QQmlSortFilterProxyModel &proxyModel) const
+int Sorter::compare(const QModelIndex &left, const QModelIndex &right, const QQmlSortFilterProxyModel &proxyModel) const
 {
     if (lessThan(left, right, proxyModel))
         return -1;

@@ -12,9 +12,8 @@ QList<Sorter *> SorterContainer::orderedSorters() const
         if (sorter->enabled())
             ordered.append(sorter);
     }
-    std::stable_sort(ordered.begin(), ordered.end(), [](const Sorter *left, const Sorter *right) {
-        return left->priority() > right->priority();
-    });
+    std::stable_sort(ordered.begin(), ordered.end(),
+                     [](const Sorter *left, const Sorter *right) { return left->priority() > right->priority(); });
     return ordered;
 }
 
