@@ -72,7 +72,7 @@ private slots:
     void modesNameDrivenDevicesAlone();
     void usersComeWithoutPasswords();
     void statesAreWhatRecordsWouldWrite();
-    void statesOfOddDevicesStayInOrder();
+    void siteWithoutDevicesHasAnEmptyListOfStates();
     void changeRepublishesItsListOnce();
     void changeOfOneListLeavesOthers();
     void unsubscribedTopicStaysSilent();
@@ -240,7 +240,7 @@ void PublisherTest::statesAreWhatRecordsWouldWrite()
     }
 }
 
-void PublisherTest::statesOfOddDevicesStayInOrder()
+void PublisherTest::siteWithoutDevicesHasAnEmptyListOfStates()
 {
     auto given = data();
     given.devices.clear();
