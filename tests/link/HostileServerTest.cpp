@@ -5,6 +5,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <zlib.h>
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
 
 using Link = AbstractBackendCommunicator;
 
@@ -302,6 +305,9 @@ void HostileServerTest::oddDocumentsAreSurvived()
 {
     QFETCH(QByteArray, body);
     allowMessages("Unknown parameter type:");
+#ifdef __SANITIZE_ADDRESS__
+    const __lsan::ScopedDisabler qtLeaks; // the JSON parser of Qt 5 leaks the open brackets of a damaged text
+#endif
     FakeServer server;
     TestCommunicator link;
     QVERIFY(logIn(link, server));
