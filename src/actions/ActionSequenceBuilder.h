@@ -13,7 +13,7 @@
 class ActionSequenceBuilder : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(QQmlListProperty<ActionWrapperBuilder> actions READ getActions)
+    Q_PROPERTY(QQmlListProperty<ActionWrapperBuilder> actions READ getActions CONSTANT)
     Q_CLASSINFO("DefaultProperty", "actions")
 
 public:
