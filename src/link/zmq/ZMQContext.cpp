@@ -26,7 +26,7 @@ ZMQContext::~ZMQContext()
 {
     // Children would go after this body, but the end of a context waits until its sockets are closed.
     qDeleteAll(findChildren<ZMQSocket *>(QString(), Qt::FindDirectChildrenOnly));
-    while (zmq_ctx_term(m_context) != 0 && zmq_errno() == EINTR) { }
+    while (zmq_ctx_term(m_context) != 0 && zmq_errno() == EINTR) {}
 }
 
 ZMQSocket *ZMQContext::createSocketInternal(int type)
@@ -42,6 +42,9 @@ void ZMQContext::registerSocket(ZMQSocket *socket)
         m_sockets.append(socket);
 }
 
-void ZMQContext::unregisterSocket(ZMQSocket *socket) { m_sockets.removeAll(socket); }
+void ZMQContext::unregisterSocket(ZMQSocket *socket)
+{
+    m_sockets.removeAll(socket);
+}
 
 } // namespace nzmqt

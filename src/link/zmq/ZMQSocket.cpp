@@ -92,18 +92,30 @@ ZMQSocket::~ZMQSocket()
     zmq_close(m_socket);
 }
 
-void ZMQSocket::setOption(int option, int value) { check(zmq_setsockopt(m_socket, option, &value, sizeof value)); }
+void ZMQSocket::setOption(int option, int value)
+{
+    check(zmq_setsockopt(m_socket, option, &value, sizeof value));
+}
 
-void ZMQSocket::setOption(int option, qint64 value) { check(zmq_setsockopt(m_socket, option, &value, sizeof value)); }
+void ZMQSocket::setOption(int option, qint64 value)
+{
+    check(zmq_setsockopt(m_socket, option, &value, sizeof value));
+}
 
 void ZMQSocket::setOption(int option, const QByteArray &value)
 {
     check(zmq_setsockopt(m_socket, option, value.constData(), static_cast<size_t>(value.size())));
 }
 
-int ZMQSocket::intOption(int option) const { return intOptionOf(m_socket, option); }
+int ZMQSocket::intOption(int option) const
+{
+    return intOptionOf(m_socket, option);
+}
 
-void ZMQSocket::connectTo(const QString &address) { check(zmq_connect(m_socket, address.toUtf8().constData())); }
+void ZMQSocket::connectTo(const QString &address)
+{
+    check(zmq_connect(m_socket, address.toUtf8().constData()));
+}
 
 void ZMQSocket::disconnectFrom(const QString &address)
 {
@@ -111,9 +123,15 @@ void ZMQSocket::disconnectFrom(const QString &address)
     m_standing = 0; // the library tells nothing of a connection that is closed from here
 }
 
-void ZMQSocket::bindTo(const QString &address) { check(zmq_bind(m_socket, address.toUtf8().constData())); }
+void ZMQSocket::bindTo(const QString &address)
+{
+    check(zmq_bind(m_socket, address.toUtf8().constData()));
+}
 
-void ZMQSocket::unbindFrom(const QString &address) { check(zmq_unbind(m_socket, address.toUtf8().constData())); }
+void ZMQSocket::unbindFrom(const QString &address)
+{
+    check(zmq_unbind(m_socket, address.toUtf8().constData()));
+}
 
 QString ZMQSocket::lastEndpoint() const
 {
@@ -137,7 +155,10 @@ bool ZMQSocket::sendMessage(const QList<QByteArray> &parts)
     return true;
 }
 
-QList<QByteArray> ZMQSocket::receiveMessage() { return receiveFrom(m_socket); }
+QList<QByteArray> ZMQSocket::receiveMessage()
+{
+    return receiveFrom(m_socket);
+}
 
 void ZMQSocket::startMonitor()
 {

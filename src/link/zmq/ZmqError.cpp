@@ -7,12 +7,15 @@ namespace zmq {
 
 error_t::error_t()
     : m_errorNumber(zmq_errno())
-{ }
+{}
 
 error_t::error_t(int errorNumber)
     : m_errorNumber(errorNumber)
-{ }
+{}
 
-const char *error_t::what() const noexcept { return zmq_strerror(m_errorNumber); }
+const char *error_t::what() const noexcept
+{
+    return zmq_strerror(m_errorNumber);
+}
 
 } // namespace zmq
