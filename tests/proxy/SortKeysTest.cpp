@@ -17,6 +17,9 @@ class SortKeysTest : public TestBase
 
 private slots:
     void keptValuesCompareAsVariants();
+    void sortRoleComparesAsTheBaseClass_data();
+    void sortRoleComparesAsTheBaseClass();
+    void sortRoleFollowsTheCaseSensitivity();
     void keptTextsCompareAsTheCollator_data();
     void keptTextsCompareAsTheCollator();
     void eachValueIsReadOnceForASort();
@@ -59,6 +62,15 @@ QVariantList oddValues()
             text("𐐨"),
             text("𐐀b"),
             text("\uFFFD"),
+            text("a long text with the same beginning, b"),
+            text("A long text with the same beginning, A"),
+            text("a long text with the same beginning"),
+            text("eleven unit𐐀"), // the letter of two units stands across the end of what is kept of it
+            text("eleven unit𐐨"),
+            text("eleven units𐐀"),
+            text("eleven units𐐨b"),
+            QVariant(QString("a") + QChar(0)),
+            QVariant(QString("a") + QChar(0) + "b"),
             text("_"),
             text("["),
             text("z"),
@@ -101,6 +113,69 @@ void SortKeysTest::keptValuesCompareAsVariants()
     QCOMPARE(model.reads, values.size());
 }
 
+void SortKeysTest::sortRoleComparesAsTheBaseClass_data()
+{
+    QTest::addColumn<Qt::CaseSensitivity>("caseSensitivity");
+    QTest::addColumn<bool>("localeAware");
+    QTest::addColumn<bool>("textsOnly");
+
+    QTest::newRow("texts by case") << Qt::CaseSensitive << false << true;
+    QTest::newRow("texts without case") << Qt::CaseInsensitive << false << true;
+    QTest::newRow("texts by locale") << Qt::CaseSensitive << true << true;
+    QTest::newRow("whole numbers") << Qt::CaseSensitive << false << false;
+}
+
+void SortKeysTest::sortRoleComparesAsTheBaseClass()
+{
+    QFETCH(Qt::CaseSensitivity, caseSensitivity);
+    QFETCH(bool, localeAware);
+    QFETCH(bool, textsOnly);
+    RowsModel model({"value", "row"});
+    QVector<RowsModel::Row> rows;
+    const auto values = oddValues();
+    for (const auto &value : values) {
+        if ((value.type() == QVariant::String) == textsOnly && (textsOnly || value.type() == QVariant::Int))
+            rows.append({{"value", value}, {"row", rows.size()}});
+    }
+    model.reset(rows);
+    QSortFilterProxyModel base;
+    base.setSortRole(Qt::UserRole + 1);
+    base.setSortCaseSensitivity(caseSensitivity);
+    base.setSortLocaleAware(localeAware);
+    base.setSourceModel(&model);
+    base.sort(0);
+
+    Proxy proxy;
+    proxy.setSortRoleName("value");
+    proxy.setSortCaseSensitivity(caseSensitivity);
+    proxy.setSortLocaleAware(localeAware);
+    proxy.setSourceModel(&model);
+    proxy.componentComplete();
+
+    QCOMPARE(shown(proxy, "row"), shown(base, "row"));
+    model.setSilently(0, "value", textsOnly ? QVariant("m") : QVariant(5));
+    base.invalidate();
+    proxy.invalidate();
+    QCOMPARE(shown(proxy, "row"), shown(base, "row"));
+}
+
+void SortKeysTest::sortRoleFollowsTheCaseSensitivity()
+{
+    PeopleModel people;
+    const QmlProxy qml("SortFilterProxyModel { sourceModel: people; sortRoleName: 'name' }", &people);
+    QCOMPARE(shown(*qml.proxy), QString("Bob alice carol dave eve"));
+
+    qml.proxy->setSortCaseSensitivity(Qt::CaseInsensitive);
+    QCOMPARE(shown(*qml.proxy), QString("alice Bob carol dave eve"));
+    people.set(0, "name", "Zoe");
+    QCOMPARE(shown(*qml.proxy), QString("alice Bob dave eve Zoe"));
+
+    qml.proxy->setSortCaseSensitivity(Qt::CaseSensitive);
+    QCOMPARE(shown(*qml.proxy), QString("Bob Zoe alice dave eve"));
+    people.set(2, "name", "bert");
+    QCOMPARE(shown(*qml.proxy), QString("Zoe alice bert dave eve"));
+}
+
 void SortKeysTest::keptTextsCompareAsTheCollator_data()
 {
     QTest::addColumn<QLocale>("locale");
@@ -109,9 +184,9 @@ void SortKeysTest::keptTextsCompareAsTheCollator_data()
     QTest::addColumn<bool>("ignorePunctuation");
 
     for (const char *name : {"C", "en_US", "ru_RU"}) {
-        for (const bool on : {false, true}) {
-            QTest::addRow("%s %d", name, on)
-                << QLocale(name) << (on ? Qt::CaseSensitive : Qt::CaseInsensitive) << on << on;
+        for (int set = 0; set < 8; ++set) {
+            QTest::addRow("%s %d", name, set) << QLocale(name) << (set & 1 ? Qt::CaseSensitive : Qt::CaseInsensitive)
+                                              << bool(set & 2) << bool(set & 4);
         }
     }
 }
@@ -198,6 +273,8 @@ void SortKeysTest::changesAreFollowed()
         ]
     })";
     const QmlProxy followed(document, &model);
+    const QByteArray simple = "SortFilterProxyModel { sourceModel: people; sortRoleName: 'text' }";
+    const QmlProxy simpleFollowed(simple, &model);
     QAbstractItemModelTester tester(followed.proxy, QAbstractItemModelTester::FailureReportingMode::Warning);
 
     for (int step = 0; step < 400; ++step) {
@@ -219,6 +296,9 @@ void SortKeysTest::changesAreFollowed()
             fresh.proxy->sorters().at(i)->setAscendingOrder(followed.proxy->sorters().at(i)->ascendingOrder());
         QCOMPARE(shown(*followed.proxy, "text"), shown(*fresh.proxy, "text"));
         QCOMPARE(shown(*followed.proxy, "number"), shown(*fresh.proxy, "number"));
+        const QmlProxy simpleFresh(simple, &model);
+        QCOMPARE(shown(*simpleFollowed.proxy, "text"), shown(*simpleFresh.proxy, "text"));
+        QCOMPARE(shown(*simpleFollowed.proxy, "number"), shown(*simpleFresh.proxy, "number"));
     }
 }
 

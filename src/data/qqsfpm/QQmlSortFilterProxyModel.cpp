@@ -36,6 +36,7 @@ QQmlSortFilterProxyModel::QQmlSortFilterProxyModel(QObject *parent)
     : QSortFilterProxyModel(parent)
 {
     updateRoleNames(nullptr);
+    m_sortRoleKeys.reset(this);
     connect(this, &QAbstractItemModel::rowsInserted, this, &QQmlSortFilterProxyModel::updateCount);
     connect(this, &QAbstractItemModel::rowsRemoved, this, &QQmlSortFilterProxyModel::updateCount);
     connect(this, &QAbstractItemModel::modelReset, this, &QQmlSortFilterProxyModel::updateCount);
@@ -410,6 +411,7 @@ bool QQmlSortFilterProxyModel::updateBaseSorting()
     bool hasSorted = false;
     if (m_baseSortRole != m_sortRole) {
         m_baseSortRole = m_sortRole;
+        m_sortRoleKeys.dropAll();
         hasSorted = sortRole() != m_sortRole && sortColumn() == 0;
         setSortRole(m_sortRole);
     }

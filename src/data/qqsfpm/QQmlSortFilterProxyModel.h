@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "data/qqsfpm/RowKeys.h"
+#include "data/qqsfpm/SortKey.h"
 #include "data/qqsfpm/filters/FilterContainer.h"
 #include "data/qqsfpm/proxyroles/ProxyRoleContainer.h"
 #include "data/qqsfpm/sorters/SorterContainer.h"
@@ -191,6 +193,7 @@ private:
 
     // Order.
     bool isBefore(const QModelIndex &left, const QModelIndex &right) const;
+    int compareBySortRole(const QModelIndex &left, const QModelIndex &right) const;
     bool isBeforeBySortRole(const QModelIndex &left, const QModelIndex &right) const;
     void followSorters();
     void dropKeys();
@@ -226,6 +229,8 @@ private:
     quint64 m_roleGeneration = 0;
     bool m_areRoleNamesNew = false; // and the base class and the views don't know them yet
 
+    mutable RowKeys<SortKey> m_sortRoleKeys;
+    mutable Qt::CaseSensitivity m_sortRoleKeysCase = Qt::CaseSensitive;
     QList<Sorter *> m_orderedSorters;
     bool m_areSortersSteady = true; // of all enabled ones
     mutable std::array<Comparison, 16> m_comparisons; // the latest; see lessThan()

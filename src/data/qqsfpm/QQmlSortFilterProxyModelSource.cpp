@@ -96,6 +96,7 @@ void QQmlSortFilterProxyModel::onSourceDataChangedEarly(const QModelIndex &topLe
     // A proxy role of one row may rest on another row.
     if (m_namedRoles.isEmpty() && topLeft.isValid() && bottomRight.isValid()) {
         dropComparisons();
+        m_sortRoleKeys.drop(topLeft.row(), bottomRight.row());
         for (auto *sorter : sorters())
             sorter->dropKeys(topLeft.row(), bottomRight.row());
     } else {
@@ -227,10 +228,9 @@ bool QQmlSortFilterProxyModel::lessThan(const QModelIndex &left, const QModelInd
 bool QQmlSortFilterProxyModel::isBefore(const QModelIndex &left, const QModelIndex &right) const
 {
     if (!m_sortRoleName.isEmpty()) {
-        if (isBeforeBySortRole(left, right))
-            return m_ascendingSortOrder;
-        if (isBeforeBySortRole(right, left))
-            return !m_ascendingSortOrder;
+        const int order = compareBySortRole(left, right);
+        if (order != 0)
+            return (order < 0) == m_ascendingSortOrder;
     }
     // By number: a script among the sorters may change the list.
     for (int i = 0; i < m_orderedSorters.size(); ++i) {
@@ -239,6 +239,34 @@ bool QQmlSortFilterProxyModel::isBefore(const QModelIndex &left, const QModelInd
             return order < 0;
     }
     return left.row() < right.row();
+}
+
+int QQmlSortFilterProxyModel::compareBySortRole(const QModelIndex &left, const QModelIndex &right) const
+{
+    // Plain texts and numbers are compared as the base class does it, with what has been fetched before.
+    if (!isProxyRole(m_baseSortRole) && !isSortLocaleAware()) {
+        if (m_sortRoleKeysCase != sortCaseSensitivity()) {
+            m_sortRoleKeysCase = sortCaseSensitivity();
+            m_sortRoleKeys.dropAll();
+        }
+        if (m_sortRoleKeys.cover(left, right, *this)) {
+            const SortKey *leftKey = m_sortRoleKeys.find(left);
+            const SortKey *rightKey = m_sortRoleKeys.find(right);
+            if (!leftKey || !rightKey) {
+                const auto fetch = [this](const QModelIndex &index) {
+                    return SortKey::make(sourceData(index, m_baseSortRole), m_sortRoleKeysCase);
+                };
+                m_sortRoleKeys.at(left, fetch);
+                rightKey = &m_sortRoleKeys.at(right, fetch);
+                leftKey = &m_sortRoleKeys.at(left, fetch);
+            }
+            if (SortKey::areComparable(*leftKey, *rightKey))
+                return SortKey::compare(*leftKey, *rightKey, m_sortRoleKeysCase);
+        }
+    }
+    if (isBeforeBySortRole(left, right))
+        return -1;
+    return isBeforeBySortRole(right, left) ? 1 : 0;
 }
 
 bool QQmlSortFilterProxyModel::isBeforeBySortRole(const QModelIndex &left, const QModelIndex &right) const
@@ -268,6 +296,7 @@ void QQmlSortFilterProxyModel::followSorters()
 void QQmlSortFilterProxyModel::dropKeys()
 {
     dropComparisons();
+    m_sortRoleKeys.dropAll();
     for (auto *sorter : sorters())
         sorter->dropKeys();
 }

@@ -31,7 +31,7 @@ public:
     {
         const int size = int(m_rows.size());
         for (int row = qMax(first, 0); row <= last && row < size; ++row)
-            m_rows[size_t(row)].generation = 0;
+            m_rows[std::size_t(row)].generation = 0;
     }
 
     bool cover(const QModelIndex &left, const QModelIndex &right, const QQmlSortFilterProxyModel &proxyModel)
@@ -44,17 +44,24 @@ public:
         }
         if (left.internalId() != m_level || right.internalId() != m_level)
             return false;
-        const size_t needed = size_t(qMax(left.row(), right.row())) + 1;
+        const std::size_t needed = std::size_t(qMax(left.row(), right.row())) + 1;
         if (m_rows.size() < needed)
-            m_rows.resize(qMax(needed, size_t(left.model()->rowCount(left.parent()))));
+            m_rows.resize(qMax(needed, std::size_t(left.model()->rowCount(left.parent()))));
         return true;
     }
 
-    // Only after cover(); references stay good until the next cover().
+    // The key if the row has one, only after cover().
+    const Key *find(const QModelIndex &index) const
+    {
+        const Row &row = m_rows[std::size_t(index.row())];
+        return row.generation == m_generation ? &row.key : nullptr;
+    }
+
+    // Only after cover(); references stay good until the next cover() or fetch.
     template <typename Fetch>
     const Key &at(const QModelIndex &index, Fetch fetch)
     {
-        const size_t row = size_t(index.row());
+        const std::size_t row = std::size_t(index.row());
         if (m_rows[row].generation != m_generation) {
             Key key = fetch(index); // may ask for other keys, or drop all
             if (row >= m_rows.size())

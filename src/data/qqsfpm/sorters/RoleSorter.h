@@ -3,9 +3,8 @@
 
 #include "data/qqsfpm/RoleLookup.h"
 #include "data/qqsfpm/RowKeys.h"
+#include "data/qqsfpm/SortKey.h"
 #include "data/qqsfpm/sorters/Sorter.h"
-
-#include <QVariant>
 
 namespace qqsfpm {
 
@@ -36,23 +35,9 @@ protected:
     QVariant sourceData(const QModelIndex &sourceIndex, const QQmlSortFilterProxyModel &proxyModel) const;
 
 private:
-    // A value made ready: texts folded, so that comparing code units gives what comparing without case gives.
-    struct Key
-    {
-        enum class Kind { Text, Number, Other };
-
-        Kind kind = Kind::Other;
-        int number = 0;
-        QString text;
-        QVariant value;
-    };
-
-    static Key makeKey(const QVariant &value);
-    static int compareKeys(const Key &left, const Key &right);
-
     QString m_roleName;
     mutable RoleLookup m_role;
-    mutable RowKeys<Key> m_keys;
+    mutable RowKeys<SortKey> m_keys;
 };
 
 } // namespace qqsfpm

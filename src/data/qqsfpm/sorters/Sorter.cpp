@@ -39,13 +39,6 @@ void Sorter::setPriority(int priority)
     invalidate();
 }
 
-int Sorter::compareRows(const QModelIndex &left, const QModelIndex &right,
-                        const QQmlSortFilterProxyModel &proxyModel) const
-{
-    const int order = compare(left, right, proxyModel);
-    return m_sortOrder == Qt::AscendingOrder ? order : -order;
-}
-
 int Sorter::compare(const QModelIndex &left, const QModelIndex &right, const QQmlSortFilterProxyModel &proxyModel) const
 {
     if (lessThan(left, right, proxyModel))

@@ -35,8 +35,11 @@ public:
     void setPriority(int priority);
 
     // Below 0: left goes first. With regard to the sort order.
-    int compareRows(const QModelIndex &left, const QModelIndex &right,
-                    const QQmlSortFilterProxyModel &proxyModel) const;
+    int compareRows(const QModelIndex &left, const QModelIndex &right, const QQmlSortFilterProxyModel &proxyModel) const
+    {
+        const int order = compare(left, right, proxyModel);
+        return m_sortOrder == Qt::AscendingOrder ? order : -order;
+    }
 
     // Both in ascending order.
     virtual int compare(const QModelIndex &left, const QModelIndex &right,

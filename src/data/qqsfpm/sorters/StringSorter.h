@@ -4,6 +4,7 @@
 #include "data/qqsfpm/sorters/RoleSorter.h"
 
 #include <QCollator>
+#include <boost/optional.hpp>
 
 namespace qqsfpm {
 
@@ -46,8 +47,18 @@ signals:
     void numericModeChanged();
 
 private:
+    // The text as the collator prepares it, which compares many times as fast, and gives the same.
+    struct Key
+    {
+        QString text;
+        boost::optional<QCollatorSortKey> sortKey;
+    };
+
+    Key makeKey(const QString &text) const;
+    int compareKeys(const Key &left, const Key &right) const;
+
     QCollator m_collator;
-    mutable RowKeys<QString> m_texts;
+    mutable RowKeys<Key> m_keys;
 };
 
 } // namespace qqsfpm
