@@ -3,6 +3,7 @@
 
 #include "demo/SiteLoader.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -71,10 +72,11 @@ bool Soak::begin()
     return waitConnected(returnLimitMs) && waitListsEqual(listsLimitMs);
 }
 
-bool Soak::restart(int times)
+bool Soak::restart(int times, int seconds)
 {
+    const QDeadlineTimer end(seconds > 0 ? seconds * 1000LL : -1);
     int descriptors = 0;
-    for (int i = 1; i <= times; ++i) {
+    for (int i = 1; i <= times && !end.hasExpired(); ++i) {
         m_server.stop();
         // Every third time the server is back before the client can have noticed.
         if (i % 3 != 0

@@ -21,7 +21,7 @@ public:
     Soak(int devices, int tickMs);
 
     bool begin();
-    bool restart(int times);
+    bool restart(int times, int seconds); // as often as told, or until the time is over; 0: no limit of time
     bool killPublications(int times);
     bool watchGrowth(int seconds); // resident memory must not grow by 5 MB after the first minute
 

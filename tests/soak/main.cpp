@@ -21,6 +21,8 @@ int main(int argc, char **argv)
          QStringLiteral("1000")},
         {QStringLiteral("restarts"), QStringLiteral("Restarts of the server."), QStringLiteral("times"),
          QStringLiteral("0")},
+        {QStringLiteral("restart-seconds"), QStringLiteral("No restart begins after so long; 0 for no limit."),
+         QStringLiteral("seconds"), QStringLiteral("0")},
         {QStringLiteral("publication-kills"), QStringLiteral("Losses of the publication port alone."),
          QStringLiteral("times"), QStringLiteral("0")},
         {QStringLiteral("growth"), QStringLiteral("Seconds for which memory is watched."), QStringLiteral("seconds"),
@@ -31,7 +33,7 @@ int main(int argc, char **argv)
 
     Soak soak(number("devices"), number("tick"));
     bool passed = soak.begin();
-    passed = passed && soak.restart(number("restarts"));
+    passed = passed && soak.restart(number("restarts"), number("restart-seconds"));
     passed = passed && soak.killPublications(number("publication-kills"));
     passed = passed && (number("growth") == 0 || soak.watchGrowth(number("growth")));
     std::printf("%s\n", passed ? "The soak passed." : "The soak FAILED.");
