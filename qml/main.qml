@@ -34,6 +34,23 @@ QC2.ApplicationWindow {
             connectionsListModel.activate(0)
     }
 
+    // Before anything that writes: the fonts are the same on a machine that has none of them.
+    FontLoader {
+        source: "qrc:/fonts/Roboto-Regular.ttf"
+    }
+
+    FontLoader {
+        source: "qrc:/fonts/Roboto-Medium.ttf"
+    }
+
+    FontLoader {
+        source: "qrc:/fonts/Roboto-Bold.ttf"
+    }
+
+    FontLoader {
+        source: "qrc:/fonts/Manrope-Bold.ttf"
+    }
+
     header: QC2.ToolBar {
         height: 56
 
@@ -58,7 +75,9 @@ QC2.ApplicationWindow {
     DesktopPage {
         objectName: "desktopPage"
         anchors.fill: parent
+        focus: visible
         visible: !loadingScreen.visible
+        onAddRequested: tabAddDialog.show({ name: "", address: "", login: "", password: "" })
     }
 
     LoadingScreen {
@@ -66,56 +85,53 @@ QC2.ApplicationWindow {
 
         objectName: "loadingScreen"
         anchors.fill: parent
+        focus: visible
         visible: Backend.status !== Backend.Connected
-        onAddRequested: tabAddDialog.open()
+        onAddRequested: tabAddDialog.show({ name: "", address: "", login: "", password: "" })
     }
 
     ConnectionsDrawer {
         id: connectionsDrawer
 
-        onAddRequested: tabAddDialog.open()
+        objectName: "connectionsDrawer"
+        onAddRequested: tabAddDialog.show({ name: "", address: "", login: "", password: "" })
+        onEditRequested: tabEditDialog.showRow(row)
     }
 
-    QC2.Dialog {
+    ConnectionDialog {
         id: tabAddDialog
 
-        parent: QC2.Overlay.overlay
-        anchors.centerIn: parent
-        width: Math.min(parent.width - 32, 480)
-        modal: true
-        focus: true
+        objectName: "tabAddDialog"
         title: qsTr("Добавление подключения")
-        onAboutToShow: tabSettings.clear()
-        onAccepted: {
-            if (connectionsListModel.add(tabSettings.name, tabSettings.address, tabSettings.login,
-                                         tabSettings.password, {}))
+        submitText: qsTr("Добавить")
+        onSubmitted: {
+            if (connectionsListModel.add(settings.name, settings.address, settings.login, settings.password, {})) {
+                accept()
                 connectionsListModel.activate(connectionsListModel.count - 1)
-        }
-
-        contentItem: TabSettingsWindow {
-            id: tabSettings
-
-            onAccepted: {
-                if (acceptable)
-                    tabAddDialog.accept()
+            } else {
+                refuse()
             }
         }
+    }
 
-        footer: QC2.DialogButtonBox {
-            alignment: Qt.AlignRight
+    ConnectionDialog {
+        id: tabEditDialog
 
-            QC2.Button {
-                flat: true
-                text: qsTr("Отмена")
-                QC2.DialogButtonBox.buttonRole: QC2.DialogButtonBox.RejectRole
-            }
+        property int row: -1
 
-            QC2.Button {
-                flat: true
-                enabled: tabSettings.acceptable
-                text: qsTr("Добавить")
-                QC2.DialogButtonBox.buttonRole: QC2.DialogButtonBox.AcceptRole
-            }
+        function showRow(newRow) {
+            row = newRow
+            show(connectionsListModel.get(newRow))
+        }
+
+        objectName: "tabEditDialog"
+        title: qsTr("Изменение подключения")
+        submitText: qsTr("Сохранить")
+        onSubmitted: {
+            if (connectionsListModel.update(row, settings.name, settings.address, settings.login, settings.password))
+                accept()
+            else
+                refuse()
         }
     }
 

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick 2.15
 
-// Pans and zooms its content by wheel, pinch and drag. The content's size is the flickable's content size; who places
-// an item here scales it by contentWidth.
-PinchArea {
+// Pans and zooms its content by wheel, pinch and drag; not while it is locked, which leaves the content alive. The
+// content's size is the flickable's content size; who places an item here scales it by contentWidth.
+Item {
     id: root
 
-    default property alias content: flickable.flickableData
+    default property alias content: pinchArea.data
     property alias flickable: flickable
+    property bool locked: false
     property real minimumContentWidth: width
     property real minimumContentHeight: height
     property real maximumContentWidth: width * 4
@@ -15,6 +16,8 @@ PinchArea {
 
     // Both sides must end strictly below their maximum, so the exact maximum is never reached.
     function zoom(center, factor) {
+        if (!(factor > 0) || !isFinite(factor))
+            return
         var newWidth = Math.round(flickable.contentWidth * factor)
         var newHeight = Math.round(flickable.contentHeight * factor)
         newWidth = Math.max(minimumContentWidth, Math.min(maximumContentWidth, newWidth))
@@ -25,18 +28,27 @@ PinchArea {
         clampContent()
     }
 
+    function pan(dx, dy) {
+        flickable.contentX += dx
+        flickable.contentY += dy
+        clampContent()
+    }
+
+    // Scrolls no further than it takes to show that rectangle of the content, with its left top at any rate.
+    function reveal(x, y, width, height) {
+        flickable.contentX = Math.min(x, Math.max(flickable.contentX, x + width - flickable.width))
+        flickable.contentY = Math.min(y, Math.max(flickable.contentY, y + height - flickable.height))
+        clampContent()
+    }
+
     function clampContent() {
         flickable.contentX = Math.max(0, Math.min(flickable.contentX, flickable.contentWidth - flickable.width))
         flickable.contentY = Math.max(0, Math.min(flickable.contentY, flickable.contentHeight - flickable.height))
     }
 
-    onPinchUpdated: {
-        var center = Qt.point(pinch.center.x + flickable.contentX, pinch.center.y + flickable.contentY)
-        zoom(center, pinch.scale / pinch.previousScale)
-        flickable.contentX += pinch.previousCenter.x - pinch.center.x
-        flickable.contentY += pinch.previousCenter.y - pinch.center.y
-        clampContent()
-    }
+    // A larger window may ask for more content than there is.
+    onMinimumContentWidthChanged: Qt.callLater(zoom, Qt.point(0, 0), 1)
+    onMinimumContentHeightChanged: Qt.callLater(zoom, Qt.point(0, 0), 1)
 
     Flickable {
         id: flickable
@@ -44,13 +56,52 @@ PinchArea {
         anchors.fill: parent
         boundsBehavior: Flickable.StopAtBounds
         clip: true
-        interactive: root.enabled
+        interactive: !root.locked && !(oneFinger.active && anotherFinger.active)
+
+        // Inside, not around: it finds its fingers in the coordinates of what they touch, so that around the flickable
+        // it would miss them as soon as the content is scrolled.
+        PinchArea {
+            id: pinchArea
+
+            property point lastCenter // in the window's terms, since the content moves under the fingers
+
+            function centerOf(pinch) {
+                return mapToItem(root, pinch.center.x, pinch.center.y)
+            }
+
+            width: Math.max(flickable.contentWidth, flickable.width)
+            height: Math.max(flickable.contentHeight, flickable.height)
+            enabled: !root.locked
+            onPinchStarted: lastCenter = centerOf(pinch)
+            onPinchUpdated: {
+                var center = centerOf(pinch)
+                root.zoom(Qt.point(center.x + flickable.contentX, center.y + flickable.contentY),
+                          pinch.scale / pinch.previousScale)
+                root.pan(lastCenter.x - center.x, lastCenter.y - center.y)
+                lastCenter = center
+            }
+        }
 
         MouseArea {
-            anchors.fill: parent
+            anchors.fill: pinchArea
             z: 1
             acceptedButtons: Qt.NoButton
+            enabled: !root.locked
             onWheel: root.zoom(Qt.point(wheel.x, wheel.y), wheel.angleDelta.y < 0 ? 1 - 0.1 : 1 + 0.1)
+
+            // Each takes one finger, and nothing away from what lies below. With both down the flickable must let go, or
+            // it would pan with one of them before the pinch begins.
+            PointHandler {
+                id: oneFinger
+
+                acceptedDevices: PointerDevice.TouchScreen
+            }
+
+            PointHandler {
+                id: anotherFinger
+
+                acceptedDevices: PointerDevice.TouchScreen
+            }
         }
     }
 }

@@ -32,7 +32,7 @@ QC2.Pane {
 
     implicitWidth: 320
     implicitHeight: small ? 110 : 86
-    padding: 8
+    padding: small ? 6 : 16
     Material.theme: Material.Dark
     Material.background: "#313c43"
 
@@ -70,16 +70,22 @@ QC2.Pane {
         QC2.Button {
             objectName: "autoModeButton"
             Layout.fillWidth: root.small
+            Layout.preferredHeight: 48
             Layout.alignment: Qt.AlignVCenter
+            focus: true
+            leftPadding: 16
+            rightPadding: 16
             highlighted: true
             text: qsTr("Авто режим")
+            Keys.onReturnPressed: clicked()
+            Keys.onEnterPressed: clicked()
             onClicked: root.setAuto()
         }
 
         RowLayout {
             Layout.fillWidth: true
             Layout.alignment: Qt.AlignVCenter
-            spacing: 6
+            spacing: root.small ? 4 : 8
 
             Repeater {
                 model: [0, 20, 40, 60, 80, 100]
@@ -89,11 +95,15 @@ QC2.Pane {
                     Layout.fillWidth: true
                     Layout.minimumWidth: 40
                     Layout.preferredWidth: 96
+                    Layout.preferredHeight: 48
                     leftPadding: 0
                     rightPadding: 0
                     Material.background: Colors.brightnessToColor(modelData)
                     Material.foreground: modelData >= 1 && modelData < 40 ? "white" : "#313c43"
                     text: qsTr("%1%").arg(modelData)
+                    Accessible.name: qsTr("Яркость %1%").arg(modelData)
+                    Keys.onReturnPressed: clicked()
+                    Keys.onEnterPressed: clicked()
                     onClicked: root.setPower(modelData)
                 }
             }

@@ -9,16 +9,21 @@ Row {
     property real value: 1
     property real minimum: 0.1
     property real maximum: 4
+    // A scale comes back rounded to the pixel: 0.8999 is the 90 % that was asked for.
+    readonly property int percent: Math.floor(value * 100 + 0.02)
 
     signal moved(real scale)
 
     QC2.ToolButton {
+        objectName: "scaleDown"
         width: 48
         height: 48
         enabled: root.value >= root.minimum + 0.1
         text: "−"
         font.pixelSize: 22
         Accessible.name: qsTr("Масштаб -10%")
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
         onClicked: root.moved(Math.round(root.value * 10 - 1) / 10)
     }
 
@@ -27,18 +32,23 @@ Row {
         width: 64
         height: 48
         enabled: root.value !== 1
-        text: qsTr("%1%").arg(Math.floor(root.value * 100))
+        text: qsTr("%1%").arg(root.percent)
         Accessible.description: qsTr("Масштаб 100%")
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
         onClicked: root.moved(1)
     }
 
     QC2.ToolButton {
+        objectName: "scaleUp"
         width: 48
         height: 48
         enabled: root.value <= root.maximum - 0.1
         text: "+"
         font.pixelSize: 22
         Accessible.name: qsTr("Масштаб +10%")
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
         onClicked: root.moved(Math.round(root.value * 10 + 1) / 10)
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
+import QtQuick.Controls.Material 2.15
 import QtQuick.Layouts 1.15
 
 // The form of one saved connection.
@@ -11,60 +12,87 @@ ColumnLayout {
     property alias address: addressField.text
     property alias login: loginField.text
     property alias password: passwordField.text
-    readonly property bool acceptable: nameField.text !== "" && addressField.text.trim() !== ""
+    readonly property bool acceptable: name.trim() !== "" && address.trim() !== ""
 
     signal accepted()
 
-    function clear() {
-        nameField.clear()
-        addressField.clear()
-        loginField.clear()
-        passwordField.clear()
+    function fill(name, address, login, password) {
+        nameField.text = name
+        addressField.text = address
+        loginField.text = login
+        passwordField.text = password
         nameField.forceActiveFocus()
     }
 
-    spacing: 8
+    function clear() {
+        fill("", "", "", "")
+    }
 
-    QC2.TextField {
+    spacing: 0
+
+    component Caption: QC2.Label {
+        Layout.fillWidth: true
+        Layout.topMargin: 4
+        elide: Text.ElideRight
+        font.pixelSize: 12
+        color: Material.secondaryTextColor
+    }
+
+    component Field: QC2.TextField {
+        Layout.fillWidth: true
+        Layout.preferredHeight: 48
+        selectByMouse: true
+        inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText
+        onAccepted: root.accepted()
+    }
+
+    Caption {
+        text: qsTr("Название")
+    }
+
+    Field {
         id: nameField
 
-        Layout.fillWidth: true
-        selectByMouse: true
-        placeholderText: qsTr("Название")
-        Accessible.name: placeholderText
-        onAccepted: root.accepted()
+        objectName: "nameField"
+        focus: true
+        inputMethodHints: Qt.ImhNone
+        Accessible.name: qsTr("Название")
     }
 
-    QC2.TextField {
+    Caption {
+        text: qsTr("Адрес сервера")
+    }
+
+    Field {
         id: addressField
 
-        Layout.fillWidth: true
-        selectByMouse: true
-        placeholderText: qsTr("Адрес сервера")
-        inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText
-        Accessible.name: placeholderText
-        onAccepted: root.accepted()
+        objectName: "addressField"
+        placeholderText: "192.168.1.10"
+        Accessible.name: qsTr("Адрес сервера")
     }
 
-    QC2.TextField {
+    Caption {
+        text: qsTr("Логин")
+    }
+
+    Field {
         id: loginField
 
-        Layout.fillWidth: true
-        selectByMouse: true
-        placeholderText: qsTr("Логин")
-        inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText
-        Accessible.name: placeholderText
-        onAccepted: root.accepted()
+        objectName: "loginField"
+        Accessible.name: qsTr("Логин")
     }
 
-    QC2.TextField {
+    Caption {
+        text: qsTr("Пароль")
+    }
+
+    Field {
         id: passwordField
 
-        Layout.fillWidth: true
-        selectByMouse: true
-        placeholderText: qsTr("Пароль")
+        objectName: "passwordField"
         echoMode: TextInput.Password
-        Accessible.name: placeholderText
-        onAccepted: root.accepted()
+        inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhSensitiveData | Qt.ImhHiddenText
+        Accessible.name: qsTr("Пароль")
+        Accessible.passwordEdit: true
     }
 }

@@ -23,16 +23,22 @@ QC2.ItemDelegate {
         return Backend.status === Backend.Connecting ? Colors.orange : Colors.red
     }
 
+    focusPolicy: Qt.StrongFocus
     text: connectionsListModel.currentConnectionName === "" ? qsTr("Подключения")
                                                             : connectionsListModel.currentConnectionName
+    Accessible.role: Accessible.ButtonMenu
+    Accessible.name: text
     Accessible.description: statusText
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     contentItem: RowLayout {
         spacing: 12
 
         Rectangle {
-            width: 12
-            height: 12
+            objectName: "statusDot"
+            Layout.preferredWidth: 12
+            Layout.preferredHeight: 12
             radius: 6
             color: root.statusColor
         }
@@ -42,8 +48,10 @@ QC2.ItemDelegate {
             spacing: 0
 
             QC2.Label {
+                objectName: "connectionName"
                 Layout.fillWidth: true
                 elide: Text.ElideRight
+                maximumLineCount: 1
                 font.pixelSize: 16
                 textFormat: Text.PlainText
                 text: root.text
@@ -54,7 +62,7 @@ QC2.ItemDelegate {
                 Layout.fillWidth: true
                 elide: Text.ElideRight
                 font.pixelSize: 12
-                color: Material.hintTextColor
+                color: Material.secondaryTextColor
                 text: root.statusText
             }
         }

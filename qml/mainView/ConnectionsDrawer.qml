@@ -4,95 +4,188 @@ import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
 import QtQuick.Layouts 1.15
 import Backend 1.0
-import colors 1.0
 
-// The saved connections. A click connects to one.
+// The saved connections. A click connects to one; who may edit has a menu on each that is saved. By keyboard: arrows,
+// Return connects, F2 edits, Delete deletes.
 QC2.Popup {
     id: root
 
-    readonly property bool canEdit: Backend.status !== Backend.Connected || Backend.userGroup === "admin"
+    property bool locked: false
+    readonly property bool canEdit: !locked || Backend.userGroup === "admin"
 
     signal addRequested()
+    signal editRequested(int row)
 
     function openAndStretch(caller) {
         var place = caller.mapToItem(parent, 0, caller.height)
-        x = place.x
+        x = Math.max(0, Math.min(place.x, parent.width - width))
         y = place.y
         width = Math.max(Math.min(320, parent.width - 16), Math.min(caller.width, parent.width))
+        list.currentIndex = Math.max(0, connectionsListModel.currentIndex)
         open()
+        list.forceActiveFocus()
+    }
+
+    function activate(row) {
+        close()
+        connectionsListModel.activate(row)
+    }
+
+    function edit(row) {
+        close()
+        editRequested(row)
     }
 
     parent: QC2.Overlay.overlay
     padding: 0
+    modal: true
+    dim: false
     focus: true
 
-    contentItem: ColumnLayout {
-        spacing: 0
+    contentItem: FocusScope {
+        implicitHeight: column.implicitHeight
 
-        ListView {
-            id: list
+        ColumnLayout {
+            id: column
 
-            objectName: "connectionsList"
-            Layout.fillWidth: true
-            Layout.preferredHeight: Math.min(contentHeight, 320)
-            clip: true
-            keyNavigationEnabled: true
-            model: connectionsListModel
-            delegate: QC2.ItemDelegate {
-                id: row
+            anchors.fill: parent
+            spacing: 0
 
-                width: ListView.view.width
-                height: 56
-                highlighted: model.active
-                text: model.name
-                onClicked: {
-                    connectionsListModel.activate(index)
-                    root.close()
-                }
+            ListView {
+                id: list
 
-                contentItem: RowLayout {
-                    spacing: 8
+                objectName: "connectionsList"
+                Layout.fillWidth: true
+                Layout.preferredHeight: Math.min(contentHeight, 320)
+                focus: true
+                clip: true
+                boundsBehavior: Flickable.StopAtBounds
+                highlightMoveDuration: 100
+                highlightMoveVelocity: -1
+                model: connectionsListModel
+                Accessible.role: Accessible.List
+                Accessible.name: qsTr("Подключения")
+                delegate: QC2.ItemDelegate {
+                    id: row
 
-                    ColumnLayout {
-                        Layout.fillWidth: true
-                        spacing: 0
+                    readonly property bool editable: root.canEdit && !model.temporary
+                    readonly property int modelRow: index
 
-                        QC2.Label {
+                    objectName: "connectionRow" + index
+                    width: ListView.view.width
+                    height: 56
+                    rightPadding: 4
+                    highlighted: model.active
+                    text: model.name
+                    Accessible.role: Accessible.ListItem
+                    Accessible.name: model.name
+                    Accessible.description: details.text
+                    Keys.onReturnPressed: clicked()
+                    Keys.onEnterPressed: clicked()
+                    Keys.onPressed: {
+                        event.accepted = editable && (event.key === Qt.Key_F2 || event.key === Qt.Key_Delete)
+                        if (editable && event.key === Qt.Key_F2)
+                            root.edit(index)
+                        else if (editable && event.key === Qt.Key_Delete)
+                            connectionsListModel.remove(index)
+                    }
+                    onClicked: root.activate(index)
+
+                    contentItem: RowLayout {
+                        spacing: 8
+
+                        ColumnLayout {
                             Layout.fillWidth: true
-                            elide: Text.ElideRight
-                            textFormat: Text.PlainText
-                            text: model.name
+                            spacing: 0
+
+                            QC2.Label {
+                                Layout.fillWidth: true
+                                elide: Text.ElideRight
+                                maximumLineCount: 1
+                                textFormat: Text.PlainText
+                                text: model.name
+                            }
+
+                            QC2.Label {
+                                id: details
+
+                                Layout.fillWidth: true
+                                elide: Text.ElideRight
+                                maximumLineCount: 1
+                                textFormat: Text.PlainText
+                                font.pixelSize: 12
+                                color: Material.secondaryTextColor
+                                text: model.login === "" ? model.address : model.address + ", " + model.login
+                            }
                         }
 
-                        QC2.Label {
-                            Layout.fillWidth: true
-                            elide: Text.ElideRight
-                            textFormat: Text.PlainText
-                            font.pixelSize: 12
-                            color: Material.hintTextColor
-                            text: model.login === "" ? model.address : qsTr("%1, %2").arg(model.address).arg(model.login)
+                        QC2.ToolButton {
+                            id: menuButton
+
+                            objectName: "connectionMenuButton" + index
+                            visible: row.editable
+                            Layout.preferredWidth: 48
+                            Layout.preferredHeight: 48
+                            Accessible.name: qsTr("Изменить или удалить")
+                            Keys.onReturnPressed: clicked()
+                            Keys.onEnterPressed: clicked()
+                            onClicked: menu.popup(menuButton, 0, height)
+
+                            contentItem: Item {
+                                Column {
+                                    anchors.centerIn: parent
+                                    spacing: 3
+
+                                    Repeater {
+                                        model: 3
+
+                                        Rectangle {
+                                            width: 4
+                                            height: 4
+                                            radius: 2
+                                            color: menuButton.Material.secondaryTextColor
+                                        }
+                                    }
+                                }
+                            }
+
+                            QC2.Menu {
+                                id: menu
+
+                                objectName: "connectionMenu" + index
+
+                                QC2.MenuItem {
+                                    objectName: "editConnection" + row.modelRow
+                                    text: qsTr("Изменить")
+                                    onTriggered: root.edit(row.modelRow)
+                                }
+
+                                QC2.MenuItem {
+                                    objectName: "deleteConnection" + row.modelRow
+                                    text: qsTr("Удалить")
+                                    onTriggered: connectionsListModel.remove(row.modelRow)
+                                }
+                            }
                         }
                     }
-
-                    QC2.ToolButton {
-                        visible: root.canEdit && !model.temporary
-                        text: "✕"
-                        Accessible.name: qsTr("Удалить")
-                        onClicked: connectionsListModel.remove(index)
-                    }
                 }
+
+                QC2.ScrollIndicator.vertical: QC2.ScrollIndicator {}
             }
-        }
 
-        QC2.Button {
-            Layout.fillWidth: true
-            Layout.margins: 4
-            flat: true
-            highlighted: true
-            text: qsTr("Добавить подключение")
-            onClicked: {
-                root.close()
-                root.addRequested()
+            QC2.Button {
+                objectName: "addConnectionButton"
+                Layout.fillWidth: true
+                Layout.margins: 4
+                flat: true
+                highlighted: true
+                text: qsTr("Добавить подключение")
+                Keys.onReturnPressed: clicked()
+                Keys.onEnterPressed: clicked()
+                onClicked: {
+                    root.close()
+                    root.addRequested()
+                }
             }
         }
     }

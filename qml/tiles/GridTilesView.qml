@@ -4,7 +4,7 @@ import QtQml.Models 2.15
 import UidFilterProxyModel 0.1
 
 // One layer of tiles: the rows of a model that belong to the parts allowed, each through the delegate. Selection is the
-// group "selected", so that it survives publications and re-sorting.
+// group "selected", so that it survives publications; over a new order or a reset it is carried by uid.
 Item {
     id: root
 
@@ -12,6 +12,8 @@ Item {
     property alias allowedUids: filtered.allowedUids
     property alias uidRole: filtered.filterRoleName
     property Component delegate
+    property var keptUids: []
+    property bool isRestoring: false
     readonly property alias filteredModel: filtered
     readonly property alias count: filtered.count
     readonly property int selectedCount: selectedGroup.count
@@ -36,6 +38,25 @@ Item {
             tilesModel.items.addGroups(0, tilesModel.items.count, "selected")
     }
 
+    function keepSelection() {
+        if (!isRestoring)
+            keptUids = getSelected()
+        isRestoring = true
+    }
+
+    // The delegate model leaves the group where it was, by row, or drops it, and may hear of the change after us.
+    function restoreSelection() {
+        if (!isRestoring)
+            return
+        isRestoring = false
+        deselectAll()
+        for (var i = 0; keptUids.length > 0 && i < tilesModel.items.count; ++i) {
+            var item = tilesModel.items.get(i)
+            if (keptUids.indexOf(item.model.uid) >= 0)
+                item.inSelected = true
+        }
+    }
+
     objectName: "GridTilesView"
 
     UidFilterProxyModel {
@@ -53,6 +74,15 @@ Item {
             name: "selected"
             onCountChanged: root.selectionChanged()
         }
+    }
+
+    Connections {
+        target: filtered
+
+        function onLayoutAboutToBeChanged() { root.keepSelection() }
+        function onLayoutChanged() { Qt.callLater(root.restoreSelection) }
+        function onModelAboutToBeReset() { root.keepSelection() }
+        function onModelReset() { Qt.callLater(root.restoreSelection) }
     }
 
     Loader {

@@ -2,11 +2,12 @@
 import QtQuick 2.15
 import QtQuick.Controls.Material 2.15
 
-// The overlay of a tile: takes the click that selects it, and shows that it is selected.
+// The overlay of a tile: takes the click that selects it, and shows that it is selected or has the keyboard.
 Item {
     id: root
 
     property bool selected: false
+    property bool focused: false
 
     signal toggled()
 
@@ -23,36 +24,57 @@ Item {
     }
 
     Rectangle {
+        objectName: "selectionMark"
         x: Math.min(20, (root.width - width) / 2)
         y: root.height - height - Math.min(20, (root.height - height) / 2)
         width: 36
         height: 36
         radius: width / 2
         color: Material.accent
-        scale: root.selected ? 1 : 0
+        scale: root.selected ? Math.min(1, root.width / width, root.height / height) : 0
         visible: scale > 0
 
         Behavior on scale {
             NumberAnimation { duration: 200; easing.type: Easing.OutQuad }
         }
 
-        Canvas {
-            anchors.centerIn: parent
-            width: 20
-            height: 20
-            antialiasing: true
+        Item {
+            x: 9
+            y: 14
+            width: 18
+            height: 10
+            rotation: -45
 
-            onPaint: {
-                var context = getContext("2d")
-                context.reset()
-                context.strokeStyle = "white"
-                context.lineWidth = 2.5
-                context.beginPath()
-                context.moveTo(3, 10.5)
-                context.lineTo(8, 15.5)
-                context.lineTo(17, 5)
-                context.stroke()
+            Rectangle {
+                width: 3
+                height: 10
+                color: "white"
             }
+
+            Rectangle {
+                y: 7
+                width: 18
+                height: 3
+                color: "white"
+            }
+        }
+    }
+
+    // Two lines, of which one is seen on any ground.
+    Rectangle {
+        objectName: "focusFrame"
+        anchors.fill: parent
+        visible: root.focused
+        color: "transparent"
+        border.color: Material.accent
+        border.width: 4
+
+        Rectangle {
+            anchors.fill: parent
+            anchors.margins: 4
+            color: "transparent"
+            border.color: "white"
+            border.width: 2
         }
     }
 

@@ -18,6 +18,21 @@
         <source>%1%</source>
         <translation>%1%</translation>
     </message>
+    <message>
+        <source>Яркость %1%</source>
+        <translation>Brightness %1%</translation>
+    </message>
+</context>
+<context>
+    <name>ConnectionDialog</name>
+    <message>
+        <source>Не удалось сохранить. Возможно, такое подключение уже есть.</source>
+        <translation>It could not be saved. There may be such a connection already.</translation>
+    </message>
+    <message>
+        <source>Отмена</source>
+        <translation>Cancel</translation>
+    </message>
 </context>
 <context>
     <name>ConnectionDisplayButton</name>
@@ -41,16 +56,24 @@
 <context>
     <name>ConnectionsDrawer</name>
     <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
-    </message>
-    <message>
         <source>Удалить</source>
         <translation>Delete</translation>
     </message>
     <message>
         <source>Добавить подключение</source>
         <translation>Add connection</translation>
+    </message>
+    <message>
+        <source>Подключения</source>
+        <translation>Connections</translation>
+    </message>
+    <message>
+        <source>Изменить или удалить</source>
+        <translation>Edit or delete</translation>
+    </message>
+    <message>
+        <source>Изменить</source>
+        <translation>Edit</translation>
     </message>
 </context>
 <context>
@@ -89,6 +112,18 @@
     <message>
         <source>Не создано ни одного объекта</source>
         <translation>No site has been created</translation>
+    </message>
+    <message>
+        <source>Объекты</source>
+        <translation>Sites</translation>
+    </message>
+    <message>
+        <source>Нет подключений к серверу</source>
+        <translation>No connections to a server</translation>
+    </message>
+    <message>
+        <source>Создать</source>
+        <translation>Create</translation>
     </message>
 </context>
 <context>
@@ -248,6 +283,10 @@
         <source>(Ручной режим)</source>
         <translation>(Manual mode)</translation>
     </message>
+    <message>
+        <source>Зона без названия</source>
+        <translation>Zone without a name</translation>
+    </message>
 </context>
 <context>
     <name>main</name>
@@ -256,12 +295,16 @@
         <translation>New connection</translation>
     </message>
     <message>
-        <source>Отмена</source>
-        <translation>Cancel</translation>
-    </message>
-    <message>
         <source>Добавить</source>
         <translation>Add</translation>
+    </message>
+    <message>
+        <source>Изменение подключения</source>
+        <translation>Edit connection</translation>
+    </message>
+    <message>
+        <source>Сохранить</source>
+        <translation>Save</translation>
     </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 #include "shell/FrontendManager.h"
 
 #include <QtTest>
+#include <utility>
 
 namespace {
 
@@ -87,6 +88,19 @@ QImage Driver::picture()
         swapped.wait(1000);
     }
     return m_window->grabWindow();
+}
+
+QImage Driver::settledPicture()
+{
+    QImage last;
+    QImage now = picture();
+    waitFor(
+        [&] {
+            last = std::exchange(now, picture());
+            return last == now;
+        },
+        2500);
+    return now;
 }
 
 bool Driver::waitFor(const std::function<bool()> &condition, int timeoutMs)

@@ -2,6 +2,7 @@
 // Starts the program as it is, and drives it.
 //   --prepare             only saves the connection "Демо" to 127.0.0.1 in the present data home
 //   --pictures FOLDER     takes the tour and leaves its pictures there
+//   --gallery FOLDER      leaves a picture of every screen there; --site ADDRESS tells where the demo site listens
 //   --first-frame NS      prints how long after that moment (nanoseconds since the epoch) the first frame was on
 //                         screen, and the resident memory then
 //   --idle SECONDS        prints how much of a core the program takes on the plan when nobody touches it
@@ -12,6 +13,7 @@
 #include "shell/FrontendManager.h"
 #include "shell/ProcessSetup.h"
 #include "tour/Driver.h"
+#include "tour/Gallery.h"
 #include "tour/Measurements.h"
 #include "tour/Tour.h"
 
@@ -90,6 +92,8 @@ int main(int argc, char **argv)
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("prepare"), QString()});
     parser.addOption({QStringLiteral("pictures"), QString(), QStringLiteral("folder")});
+    parser.addOption({QStringLiteral("gallery"), QString(), QStringLiteral("folder")});
+    parser.addOption({QStringLiteral("site"), QString(), QStringLiteral("address"), QStringLiteral("127.0.0.1")});
     parser.addOption({QStringLiteral("first-frame"), QString(), QStringLiteral("ns")});
     parser.addOption({QStringLiteral("idle"), QString(), QStringLiteral("seconds")});
     parser.addOption({QStringLiteral("stall"), QString(), QStringLiteral("seconds")});
@@ -109,5 +113,9 @@ int main(int argc, char **argv)
         return measureStall(driver, parser.value(QStringLiteral("stall")).toInt());
     if (parser.isSet(QStringLiteral("idle")))
         return measureIdle(driver, parser.value(QStringLiteral("idle")).toInt());
+    if (parser.isSet(QStringLiteral("gallery"))) {
+        Gallery gallery(driver, parser.value(QStringLiteral("gallery")), parser.value(QStringLiteral("site")));
+        return gallery.run() ? 0 : 1;
+    }
     return Tour(driver, parser.value(QStringLiteral("pictures"))).run() ? 0 : 1;
 }

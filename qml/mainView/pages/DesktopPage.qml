@@ -2,6 +2,7 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
+import Backend 1.0
 import SortFilterProxyModel 0.2
 import controls 1.0
 import screens 1.0
@@ -12,6 +13,8 @@ QC2.Page {
 
     readonly property alias shopScreen: shop
     readonly property alias partsTabbar: tabs
+
+    signal addRequested()
 
     function tabOf(uid) {
         for (var i = 0; i < partsModel.count; ++i) {
@@ -27,17 +30,40 @@ QC2.Page {
         objectName: "partsTabBar"
         visible: count > 0
         Material.background: "white"
+        Accessible.name: qsTr("Объекты")
 
         Repeater {
             model: partsModel
             delegate: QC2.TabButton {
-                width: Math.max(implicitWidth, 120)
+                id: tab
+
+                objectName: "partTab" + index
+                width: Math.min(Math.max(tabLabel.implicitWidth + leftPadding + rightPadding, 120), 320)
+                leftPadding: 16
+                rightPadding: 16
                 text: model.name
+                Keys.onReturnPressed: clicked()
+                Keys.onEnterPressed: clicked()
                 onClicked: shop.uid = model.uid
+
+                // The name comes from the server: no markup, and no letter of it is a shortcut.
+                contentItem: QC2.Label {
+                    id: tabLabel
+
+                    elide: Text.ElideRight
+                    maximumLineCount: 1
+                    horizontalAlignment: Text.AlignHCenter
+                    verticalAlignment: Text.AlignVCenter
+                    textFormat: Text.PlainText
+                    font: tab.font
+                    color: tab.checked ? Material.accent : Material.foreground
+                    text: tab.text
+                }
             }
         }
 
         onCountChanged: correctTabCheckTimer.restart()
+        onCurrentIndexChanged: correctTabCheckTimer.restart()
     }
 
     SortFilterProxyModel {
@@ -47,8 +73,15 @@ QC2.Page {
         sorters: StringSorter { roleName: "name"; numericMode: true }
     }
 
+    Connections {
+        target: partsModel
+
+        function onLayoutChanged() { correctTabCheckTimer.restart() }
+        function onRowsMoved() { correctTabCheckTimer.restart() }
+    }
+
     // The tab follows the part on show. A part that is gone for three looks gives way to the first one, so that a list
-    // that is only being replaced does not move the user.
+    // that is only being replaced does not move the user; where nothing was on show yet, there is nothing to wait for.
     Timer {
         id: correctTabCheckTimer
 
@@ -60,15 +93,13 @@ QC2.Page {
         triggeredOnStart: true
         onTriggered: {
             var tab = root.tabOf(shop.uid)
-            if (tab < 0 && ++tries > 2) {
+            if (tab < 0 && (++tries > 2 || shop.uid === "")) {
                 shop.uid = partsModel.count > 0 ? partsModel.get(0, "uid") : ""
                 tab = root.tabOf(shop.uid)
             }
-            if (tab >= 0) {
+            if (tab >= 0)
                 tabs.currentIndex = tab
-                tries = 0
-                stop()
-            } else if (partsModel.count === 0 && tries > 2) {
+            if (tab >= 0 || shop.uid === "") {
                 tries = 0
                 stop()
             }
@@ -78,6 +109,7 @@ QC2.Page {
     ShopScreen {
         id: shop
 
+        objectName: "shopScreen"
         anchors.fill: parent
         anchors.bottomMargin: brightnessBar.height * brightnessBar.position
         focus: true
@@ -85,14 +117,16 @@ QC2.Page {
             deselectAll()
             correctTabCheckTimer.restart()
         }
+        onCommandsRequested: brightness.forceActiveFocus()
     }
 
     QC2.Pane {
+        objectName: "scalePane"
         anchors.right: parent.right
         anchors.bottom: shop.bottom
         anchors.margins: 16
         padding: 0
-        visible: !emptyPart.visible && !noParts.visible
+        visible: !emptyPart.visible && !noParts.visible && !noConnections.visible
         Material.elevation: 3
 
         ScaleSlider {
@@ -106,8 +140,10 @@ QC2.Page {
     PlaceholderControl {
         id: emptyPart
 
+        objectName: "emptyPart"
         anchors.fill: parent
         visible: shop.uid !== "" && shop.isEmpty
+        icon: "qrc:/images/plan.svg"
         title: qsTr("Объект пуст")
         button.visible: false
     }
@@ -115,10 +151,25 @@ QC2.Page {
     PlaceholderControl {
         id: noParts
 
+        objectName: "noParts"
         anchors.fill: parent
-        visible: partsModel.count === 0
+        visible: tabs.count === 0
+        icon: "qrc:/images/plan.svg"
         title: qsTr("Не создано ни одного объекта")
-        button.visible: false
+        button.visible: Backend.userGroup === "admin"
+        onClicked: shopPartsListModel.addShopPart({}, function() {})
+    }
+
+    PlaceholderControl {
+        id: noConnections
+
+        objectName: "noSavedConnections"
+        anchors.fill: parent
+        visible: connectionsListModel.count === 0
+        icon: "qrc:/images/router.svg"
+        title: qsTr("Нет подключений к серверу")
+        button.text: qsTr("Создать")
+        onClicked: root.addRequested()
     }
 
     QC2.Drawer {
@@ -128,6 +179,7 @@ QC2.Page {
         edge: Qt.BottomEdge
         width: parent.width
         height: brightness.implicitHeight
+        topPadding: 0
         modal: false
         interactive: false
         dim: false
@@ -137,9 +189,14 @@ QC2.Page {
         BrightnessControl {
             id: brightness
 
+            objectName: "brightnessControl"
             anchors.fill: parent
             selectedZones: shop.selectedZones
-            onCommandSent: shop.deselectAll()
+            Keys.onEscapePressed: shop.forceActiveFocus()
+            onCommandSent: {
+                shop.deselectAll()
+                shop.forceActiveFocus()
+            }
         }
     }
 }

@@ -1,0 +1,261 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "data/Records.h"
+#include "qml/Stage.h"
+#include "support/TestBase.h"
+
+using namespace Records;
+
+// The plan of part 1 at 1000 by 600.
+class ShopScreenTest : public TestBase
+{
+    Q_OBJECT
+
+private:
+    static QQuickItem *show(Stage &stage, const QByteArray &more = {})
+    {
+        auto *screen =
+            stage.show("ShopScreen { objectName: 'screen'; width: 1000; height: 600; uid: '" + text(1).toUtf8()
+                       + "'\n property int requests: 0; onCommandsRequested: ++requests\n" + more + "}");
+        Stage::waitFor([&] { return stage.has("zoomArea"); });
+        return screen;
+    }
+
+    static double scale(QQuickItem *screen) { return screen->property("shopScale").toDouble(); }
+    static QPointF offset(QQuickItem *screen)
+    {
+        auto *flickable = screen->property("shopFlickable").value<QQuickItem *>();
+        return {flickable->property("contentX").toReal(), flickable->property("contentY").toReal()};
+    }
+    static QStringList selected(QQuickItem *screen)
+    {
+        auto uids = screen->property("selectedZones").toStringList();
+        uids.sort();
+        return uids;
+    }
+    static void setScale(QQuickItem *screen, double value)
+    {
+        QMetaObject::invokeMethod(screen, "setScale", Q_ARG(QVariant, value));
+    }
+
+private slots:
+    void placesTheTilesOfItsPart()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        QVERIFY(screen->property("isEmpty").toBool());
+        auto hall = zone(11, "Зал", 1);
+        hall.position = {320.5, 48};
+        hall.width = 200;
+        hall.height = 90;
+
+        stage.link.publishZones({hall, zone(12, "Склад", 2)});
+
+        QTRY_VERIFY(stage.tile(11));
+        QVERIFY(!stage.tile(12));
+        auto *tile = stage.tile(11);
+        QCOMPARE(QRectF(tile->x(), tile->y(), tile->width(), tile->height()), QRectF(320.5, 48, 200, 90));
+        QCOMPARE(tile->property("name").toString(), QString("Зал"));
+        QVERIFY(!screen->property("isEmpty").toBool());
+    }
+
+    void aTileGlidesWhereTheServerMovesIt()
+    {
+        Stage stage;
+        show(stage);
+        auto hall = zone(11, "Зал", 1);
+        stage.link.publishZones({hall});
+        QTRY_VERIFY(stage.tile(11));
+        QSignalSpy moved(stage.tile(11), &QQuickItem::xChanged);
+
+        hall.position = {400, 0};
+        stage.link.publishZones({hall});
+
+        QVERIFY(stage.tile(11)->x() < 400);
+        QTRY_COMPARE(stage.tile(11)->x(), 400.0);
+        QVERIFY(moved.count() > 1);
+    }
+
+    void tilesFollowTheirDevices()
+    {
+        Stage stage;
+        show(stage);
+        stage.link.publishZones({zone(11, "Зал", 1)});
+        stage.link.publishDevices({device(21, 11)});
+        stage.link.publishDeviceStates({state(21, {{"power", 35}})});
+        QTRY_VERIFY(stage.tile(11));
+        QTRY_COMPARE(stage.tile(11)->property("powerPercent").toInt(), 35);
+        QVERIFY(!stage.tile(11)->property("manual").toBool());
+
+        stage.link.publishDeviceModes({manual(21)});
+
+        QTRY_VERIFY(stage.tile(11)->property("manual").toBool());
+    }
+
+    void clicksSelectAndAClickBesideDeselects()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(3);
+        QTRY_VERIFY(stage.tile(13));
+
+        stage.click(stage.tile(11));
+        stage.click(stage.tile(13));
+        QCOMPARE(selected(screen), QStringList({text(11), text(13)}));
+        QVERIFY(stage.tile(11)->property("selected").toBool());
+        stage.clickAt({30, 30});
+
+        QCOMPARE(selected(screen), QStringList());
+        QVERIFY(!stage.tile(11)->property("selected").toBool());
+    }
+
+    void aZoneThatGoesIsNoLongerDriven()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(3);
+        QTRY_VERIFY(stage.tile(13));
+        stage.click(stage.tile(11));
+        stage.click(stage.tile(13));
+
+        stage.publishSite(2);
+
+        QTRY_COMPARE(selected(screen), QStringList({text(11)}));
+    }
+
+    void scaleKeepsItsLimits()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        QCOMPARE(scale(screen), 1.0);
+        QCOMPARE(screen->property("minimumScale").toDouble(), 1000 / 4096.0);
+        QCOMPARE(screen->property("maximumScale").toDouble(), 4.0);
+
+        setScale(screen, 0.9);
+        QVERIFY(qAbs(scale(screen) - 0.9) < 0.0002);
+        setScale(screen, 4);
+        QVERIFY(qAbs(scale(screen) - 0.9) < 0.0002);
+        setScale(screen, 0.01);
+        QCOMPARE(scale(screen), 1000 / 4096.0);
+        setScale(screen, 1);
+        QCOMPARE(scale(screen), 1.0);
+        QCOMPARE(stage.item("GridCanvas")->scale(), 1.0);
+    }
+
+    void wheelAtItsLargestStaysBelowFourTimesTheCanvas()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+
+        stage.wheel({500, 300}, 100);
+
+        QVERIFY(scale(screen) < 4);
+        QVERIFY(scale(screen) > 3.6);
+    }
+
+    void lockedItDoesNotMoveButSelects()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(2);
+        QTRY_VERIFY(stage.tile(12));
+        screen->setProperty("lockZoomPan", true);
+
+        stage.wheel({500, 300}, 5);
+        stage.drag({800, 500}, {500, 300});
+        setScale(screen, 2);
+        screen->forceActiveFocus();
+        stage.key(Qt::Key_Plus);
+        stage.key(Qt::Key_Right);
+        QCOMPARE(scale(screen), 1.0);
+        QCOMPARE(offset(screen), QPointF(0, 0));
+        stage.click(stage.tile(11));
+
+        QCOMPARE(selected(screen), QStringList({text(11)}));
+    }
+
+    void isDrivenByKeyboard()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(3);
+        QTRY_VERIFY(stage.tile(13));
+        screen->forceActiveFocus();
+
+        stage.key(Qt::Key_Tab);
+        QCOMPARE(stage.window()->activeFocusItem(), stage.tile(11));
+        stage.key(Qt::Key_Space);
+        QCOMPARE(selected(screen), QStringList({text(11)}));
+        stage.key(Qt::Key_Tab);
+        stage.key(Qt::Key_Return);
+        QCOMPARE(selected(screen), QStringList({text(11), text(12)}));
+        QCOMPARE(screen->property("requests").toInt(), 1);
+        stage.key(Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(stage.window()->activeFocusItem(), stage.tile(11));
+        stage.key(Qt::Key_Escape);
+
+        QCOMPARE(selected(screen), QStringList());
+    }
+
+    void arrowsPanAndSignsZoom()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        screen->forceActiveFocus();
+
+        stage.key(Qt::Key_Right);
+        stage.key(Qt::Key_Down);
+        stage.key(Qt::Key_Down);
+        QCOMPARE(offset(screen), QPointF(64, 128));
+        stage.key(Qt::Key_Left);
+        stage.key(Qt::Key_Left);
+        stage.key(Qt::Key_Up);
+        QCOMPARE(offset(screen), QPointF(0, 64));
+        stage.key(Qt::Key_Minus);
+        QVERIFY(qAbs(scale(screen) - 0.9) < 0.0002);
+        stage.key(Qt::Key_Plus);
+        stage.key(Qt::Key_Equal);
+
+        QVERIFY(qAbs(scale(screen) - 1.1) < 0.0002);
+    }
+
+    void theTileWithTheKeyboardIsInSight()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(20);
+        QTRY_VERIFY(stage.tile(30));
+        screen->forceActiveFocus();
+
+        for (uint n = 11; n <= 30; ++n) {
+            stage.key(Qt::Key_Tab);
+            auto *tile = stage.tile(n);
+            QCOMPARE(stage.window()->activeFocusItem(), tile);
+            const QRectF place = tile->mapRectToItem(screen, QRectF(0, 0, tile->width(), tile->height()));
+            QVERIFY2(QRectF(0, 0, 1000, 600).contains(place), qPrintable(QString::number(n)));
+        }
+        QVERIFY(offset(screen).x() > 2000);
+    }
+
+    void placesFromOutsideTheCanvasAreHarmless()
+    {
+        Stage stage;
+        show(stage);
+        auto far = zone(11, "far", 1);
+        far.position = {1e9, -1e9};
+        auto negative = zone(12, "negative", 1);
+        negative.width = -50;
+        negative.height = -1;
+        auto huge = zone(13, "huge", 1);
+        huge.width = 1e7;
+        huge.height = 1e7;
+
+        stage.link.publishZones({far, negative, huge});
+
+        QTRY_VERIFY(stage.tile(13));
+        stage.settle();
+        QCOMPARE(stage.tile(11)->x(), 1e9);
+    }
+};
+
+ONDIRA_TEST(ShopScreenTest)
+#include "ShopScreenTest.moc"

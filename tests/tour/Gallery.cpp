@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tour/Gallery.h"
+
+#include "data/ShopPartsListModel.h"
+#include "link/AbstractBackendCommunicator.h"
+#include "shell/FrontendManager.h"
+
+#include <QDir>
+#include <QQmlContext>
+#include <QTextStream>
+#include <QtTest>
+#include <algorithm>
+
+namespace {
+
+constexpr QSize desktop{1280, 800};
+constexpr QSize phone{420, 800};
+
+// A loopback address at which nobody listens.
+const char *const nobody = "127.0.200.1";
+
+void tell(const QString &line)
+{
+    QTextStream(stdout) << line << '\n';
+}
+
+} // namespace
+
+Gallery::Gallery(Driver &driver, const QString &pictureFolder, const QString &siteAddress)
+    : m_driver(driver)
+    , m_folder(pictureFolder)
+    , m_address(siteAddress)
+{}
+
+bool Gallery::run()
+{
+    m_driver.resize(desktop.width(), desktop.height());
+    return firstSteps() && plan() && emptyStates() && lostServer() && step("no warning in the log", [this] {
+               for (const auto &warning : m_driver.warnings())
+                   tell("  " + warning);
+               return m_driver.warnings().isEmpty();
+           });
+}
+
+bool Gallery::firstSteps()
+{
+    return step("no connection yet", [this] { return press({}) && takeBoth("no-connections"); })
+        && step("form of a new connection",
+                [this] {
+                    return press("placeholderButton") && type("nameField", "Демо") && type("addressField", m_address)
+                        && takeBoth("new-connection");
+                })
+        && step("wrong password",
+                [this] {
+                    return type("loginField", "admin") && type("passwordField", "wrong") && press("submitButton")
+                        && m_driver.waitFor([this] { return m_driver.find("errorText") != nullptr; })
+                        && takeBoth("error");
+                })
+        && step("after the refusal", [this] { return press("errorButton") && takeBoth("login-refused"); })
+        && step("form of a saved connection",
+                [this] {
+                    return openConnections() && press("connectionMenuButton0") && takeBoth("connection-menu")
+                        && press("editConnection0") && type("passwordField", "admin") && takeBoth("saved-connection")
+                        && press("submitButton");
+                })
+        && step("logged in", [this] { return m_driver.waitForPlan(4); });
+}
+
+bool Gallery::plan()
+{
+    return step("plan", [this] { return takeBoth("plan"); })
+        && step("two zones chosen", [this] { return chooseTiles(2) && takeBoth("zones-chosen"); })
+        && step("zones driven by hand",
+                [this] {
+                    return press("powerButton20") && m_driver.waitFor([this] {
+                        const auto tiles = m_driver.zoneTiles();
+                        return std::count_if(tiles.begin(), tiles.end(),
+                                             [](QQuickItem *tile) {
+                                                 return tile->property("manual").toBool()
+                                                     && tile->property("powerPercent").toInt() == 20;
+                                             })
+                            >= 2;
+                    }) && takeBoth("zones-by-hand");
+                })
+        && step("keyboard on a tile",
+                [this] {
+                    QTest::keyClick(m_driver.window(), Qt::Key_Tab);
+                    return m_driver.waitFor([this] { return m_driver.find("focusFrame") != nullptr; })
+                        && takeBoth("keyboard");
+                })
+        && step("the whole plan",
+                [this] {
+                    while (m_driver.find("scaleDown")->isEnabled()) {
+                        if (!press("scaleDown"))
+                            return false;
+                    }
+                    return takeBoth("whole-plan") && press("scaleLabel");
+                })
+        && step("second part", [this] { return chooseTab(1) && takeBoth("second-part"); })
+        && step("third part", [this] { return chooseTab(2) && takeBoth("third-part"); })
+        && step("list of connections", [this] { return openConnections() && takeBoth("connections"); })
+        && step("a connection that is there already", [this] {
+               return press("addConnectionButton") && type("nameField", "Демо") && type("addressField", m_address)
+                   && type("loginField", "admin") && type("passwordField", "admin") && press("submitButton")
+                   && m_driver.waitFor([this] { return m_driver.find("refusalLabel") != nullptr; })
+                   && takeBoth("connection-refused") && press("cancelButton");
+           });
+}
+
+bool Gallery::emptyStates()
+{
+    auto *parts = qobject_cast<ShopPartsListModel *>(model("shopPartsListModel"));
+    return step("a part without zones",
+                [=] {
+                    parts->addShopPart();
+                    return m_driver.waitFor([this] { return m_driver.find("partTab3") != nullptr; }) && chooseTab(1)
+                        && m_driver.waitFor([this] { return m_driver.find("emptyPart") != nullptr; })
+                        && takeBoth("empty-part");
+                })
+        && step("no part at all", [=] {
+               QStringList uids;
+               for (int row = 0; row < parts->rowCount(); ++row)
+                   uids << parts->index(row, 0).data(ShopPartsListModel::Uid).toString();
+               parts->removeShopParts(uids);
+               return m_driver.waitFor([this] { return m_driver.find("noParts") != nullptr; }) && takeBoth("no-parts");
+           });
+}
+
+bool Gallery::lostServer()
+{
+    return step("a server that does not answer",
+                [this] {
+                    return openConnections() && press("addConnectionButton")
+                        && type("nameField", "Торговый центр на Ленинском проспекте") && type("addressField", nobody)
+                        && press("submitButton") && m_driver.waitFor([this] {
+                               auto *screen = m_driver.find("loadingScreen");
+                               return screen && screen->property("seconds").toInt() > 5;
+                           })
+                        && takeBoth("connecting");
+                })
+        && step("no longer waiting", [this] {
+               return press("connectButton") && isStatus(AbstractBackendCommunicator::Disconnected)
+                   && takeBoth("disconnected") && openConnections() && takeBoth("connections-two");
+           });
+}
+
+bool Gallery::step(const QString &name, const std::function<bool()> &action)
+{
+    const bool worked = action();
+    tell(QStringLiteral("%1 %2").arg(worked ? "ok    " : "FAILED", name));
+    if (!worked)
+        take("failed");
+    return worked;
+}
+
+bool Gallery::take(const QString &name)
+{
+    const QString file = QStringLiteral("%1-%2-%3x%4.png")
+                             .arg(m_pictures, 2, 10, QLatin1Char('0'))
+                             .arg(name)
+                             .arg(m_driver.window()->width())
+                             .arg(m_driver.window()->height());
+    return m_driver.settledPicture().save(QDir(m_folder).filePath(file));
+}
+
+bool Gallery::takeBoth(const QString &name)
+{
+    ++m_pictures;
+    m_driver.resize(phone.width(), phone.height());
+    const bool taken = take(name);
+    m_driver.resize(desktop.width(), desktop.height());
+    return take(name) && taken;
+}
+
+// Waits for the item, and for it to stand still, and clicks it; without a name only waits for the window.
+bool Gallery::press(const QString &objectName)
+{
+    if (objectName.isEmpty())
+        return m_driver.waitFor([this] { return m_driver.window()->isExposed(); });
+    if (!m_driver.waitFor([&] { return m_driver.find(objectName) != nullptr; }))
+        return false;
+    m_driver.settledPicture();
+    auto *item = m_driver.find(objectName);
+    if (!item)
+        return false;
+    m_driver.click(item);
+    return true;
+}
+
+bool Gallery::type(const QString &objectName, const QString &text)
+{
+    if (!m_driver.waitFor([&] { return m_driver.find(objectName) != nullptr; }))
+        return false;
+    return m_driver.find(objectName)->setProperty("text", text);
+}
+
+bool Gallery::openConnections()
+{
+    return press("connectionButton")
+        && m_driver.waitFor([this] { return m_driver.find("addConnectionButton") != nullptr; });
+}
+
+bool Gallery::chooseTab(int index)
+{
+    return press(QStringLiteral("partTab%1").arg(index))
+        && m_driver.waitFor([=] { return m_driver.find("partsTabBar")->property("currentIndex").toInt() == index; });
+}
+
+bool Gallery::chooseTiles(int count)
+{
+    auto tiles = m_driver.zoneTiles();
+    std::sort(tiles.begin(), tiles.end(), [](QQuickItem *left, QQuickItem *right) {
+        return left->y() < right->y() || (left->y() == right->y() && left->x() < right->x());
+    });
+    for (int i = 0; i < count; ++i)
+        m_driver.click(tiles.at(static_cast<size_t>(i)));
+    return m_driver.waitFor([this] { return m_driver.find("autoModeButton") != nullptr; });
+}
+
+bool Gallery::isStatus(int status)
+{
+    return m_driver.waitFor([=] { return m_driver.manager().getCommunicator().getStatus() == status; });
+}
+
+QObject *Gallery::model(const char *name) const
+{
+    return m_driver.manager().getEngine().rootContext()->contextProperty(name).value<QObject *>();
+}
