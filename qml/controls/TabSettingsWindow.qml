@@ -93,6 +93,5 @@ ColumnLayout {
         echoMode: TextInput.Password
         inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhSensitiveData | Qt.ImhHiddenText
         Accessible.name: qsTr("Пароль")
-        Accessible.passwordEdit: true
     }
 }

@@ -46,10 +46,17 @@ QC2.Dialog {
 
         readonly property Item focusItem: Window.activeFocusItem
 
+        // Taken a moment later: the texts wrap anew while the dialog still looks for its size.
+        property real formHeight: 0
+
+        function takeFormHeight() {
+            formHeight = column.implicitHeight
+        }
+
         objectName: "connectionForm"
-        implicitHeight: column.implicitHeight
+        implicitHeight: formHeight
         contentWidth: width
-        contentHeight: column.implicitHeight
+        contentHeight: formHeight
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         // The field that has the keyboard is in sight, however low the window.
@@ -66,6 +73,7 @@ QC2.Dialog {
 
             width: flickable.width
             spacing: 0
+            onImplicitHeightChanged: Qt.callLater(flickable.takeFormHeight)
 
             TabSettingsWindow {
                 id: form

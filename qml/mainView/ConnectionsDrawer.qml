@@ -75,6 +75,7 @@ QC2.Popup {
                     width: ListView.view.width
                     height: 56
                     rightPadding: 4
+                    focusPolicy: Qt.StrongFocus
                     highlighted: model.active
                     text: model.name
                     Accessible.role: Accessible.ListItem
@@ -88,6 +89,10 @@ QC2.Popup {
                             root.edit(index)
                         else if (editable && event.key === Qt.Key_Delete)
                             connectionsListModel.remove(index)
+                    }
+                    onActiveFocusChanged: {
+                        if (activeFocus)
+                            list.currentIndex = index
                     }
                     onClicked: root.activate(index)
 

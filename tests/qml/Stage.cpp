@@ -254,7 +254,7 @@ void Stage::settle()
     QElapsedTimer timer; // something may never rest
     timer.start();
     QImage last;
-    for (int same = 0; same < 3 && timer.elapsed() < 600;) {
+    for (int same = 0; same < 4 && timer.elapsed() < 1000;) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
         const QImage now = m_window->grabWindow();
         same = now == last ? same + 1 : 0;

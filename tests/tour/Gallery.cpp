@@ -36,9 +36,15 @@ bool Gallery::run()
 {
     m_driver.resize(desktop.width(), desktop.height());
     return firstSteps() && plan() && emptyStates() && lostServer() && step("no warning in the log", [this] {
-               for (const auto &warning : m_driver.warnings())
+               bool isClean = true;
+               for (const auto &warning : m_driver.warnings()) {
+                   // The form that was refused: the same connection twice.
+                   if (warning.contains(QLatin1String("UNIQUE constraint failed")))
+                       continue;
                    tell("  " + warning);
-               return m_driver.warnings().isEmpty();
+                   isClean = false;
+               }
+               return isClean;
            });
 }
 
