@@ -7,11 +7,18 @@
 #include "link/PublicationWatch.h"
 #include "link/StallWatch.h"
 #include "link/document/ZmqMessageHeader.h"
+#include "model/ActionBlueprint.h"
 #include "model/Actions.h"
 #include "model/DeviceTypeInfo.h"
 #include "model/Devices.h"
+#include "model/NodeDescription.h"
+#include "model/PlanObjects.h"
+#include "model/RadioStatus.h"
 #include "model/Result.h"
+#include "model/Schedule.h"
+#include "model/Settings.h"
 #include "model/Site.h"
+#include "model/Statistics.h"
 #include "model/TimeInfo.h"
 #include "model/UserInfo.h"
 
@@ -28,6 +35,7 @@
 #include <boost/optional.hpp>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace nzmqt {
@@ -60,7 +68,14 @@ public:
     using Done = std::function<void()>;
     using UidsCallback = std::function<void(const std::vector<QUuid> &uids)>;
     using UsersCallback = std::function<void(const std::vector<Model::UserInfo> &users)>;
+    using LogCallback = std::function<void(const std::vector<Model::LogEntry> &entries)>;
+    using StatisticsInfoCallback = std::function<void(const Model::StatisticsInfo &info)>;
+    using ImageCallback = std::function<void(const Model::ImageItem::Image &image)>;
+    using View3DItemCallback = std::function<void(const Model::View3DItem &item)>;
     using BackupCallback = std::function<void(const QString &fileName, const QByteArray &data)>;
+
+    enum class StatisticsGrain { Minute, Hour };
+    using StatisticsEntities = std::vector<std::pair<QUuid, QString>>; // devices or zones with types of series
 
     explicit AbstractBackendCommunicator(QObject *parent = nullptr, const LinkTimings &timings = {});
     ~AbstractBackendCommunicator() override;
@@ -98,6 +113,13 @@ public:
     virtual void addZones(const std::vector<Model::Zone> &zones, const UidsCallback &done) = 0;
     virtual void changeZones(const std::vector<Model::Zone> &zones) = 0;
     virtual void removeZones(const std::vector<Model::Zone> &zones) = 0;
+    virtual void addDays(const std::vector<Model::ScheduleDay> &days, const UidsCallback &done) = 0;
+    virtual void changeDays(const std::vector<Model::ScheduleDay> &days) = 0;
+    virtual void removeDays(const std::vector<Model::ScheduleDay> &days) = 0;
+    virtual void addButtons(const std::vector<Model::Button> &buttons, const UidsCallback &done) = 0;
+    virtual void changeButtons(const std::vector<Model::Button> &buttons) = 0;
+    virtual void removeButtons(const std::vector<Model::Button> &buttons) = 0;
+    virtual void setButtonStates(const std::vector<Model::ButtonState> &states) = 0;
     virtual void addShopParts(const std::vector<Model::ShopPart> &parts, const UidsCallback &done) = 0;
     virtual void changeShopParts(const std::vector<Model::ShopPart> &parts) = 0;
     virtual void removeShopParts(const std::vector<Model::ShopPart> &parts) = 0;
@@ -112,13 +134,38 @@ public:
     virtual void changeUsersRoles(const std::vector<Model::UserInfo> &users, const Done &done) = 0;
     virtual void getUserList(const UsersCallback &done) = 0;
     Q_INVOKABLE virtual void ping() = 0;
+    // Always answered by statisticsReceived with that id, empty when the reply is lost or has no data. An empty type
+    // asks for every series of its device or zone.
+    virtual void getStatistics(const QDateTime &from, const QDateTime &to, const StatisticsEntities &entities,
+                               StatisticsGrain grain, const QUuid &requestId) = 0;
+    virtual void getLog(const QDateTime &from, const QDateTime &to, const LogCallback &done) = 0;
+    virtual void getStatisticsInfo(const StatisticsInfoCallback &done) = 0;
     virtual void setSystemTime(const Model::TimeInfo &info, const Done &done) = 0;
     virtual void getSystemTime() = 0;
+    virtual void addImageItem(const Model::ImageItem &item, const UidsCallback &done) = 0;
+    virtual void changeImageItem(const Model::ImageItem &item, const Done &done) = 0;
+    virtual void removeImageItems(const std::vector<Model::ImageItem> &items, const Done &done) = 0;
+    // failed is called when the answer is an error or never comes.
+    virtual void getImage(const QUuid &uid, const ImageCallback &done, const Done &failed) = 0;
+    virtual void addIndicators(const std::vector<Model::Indicator> &indicators, const UidsCallback &done) = 0;
+    virtual void changeIndicators(const std::vector<Model::Indicator> &indicators) = 0;
+    virtual void removeIndicators(const std::vector<Model::Indicator> &indicators) = 0;
+    virtual void addBlueprints(const std::vector<Model::ActionBlueprint> &blueprints, const UidsCallback &done) = 0;
+    virtual void changeBlueprints(const std::vector<Model::ActionBlueprint> &blueprints) = 0;
+    virtual void removeBlueprints(const std::vector<Model::ActionBlueprint> &blueprints) = 0;
     virtual void getBackup(const BackupCallback &done) = 0;
     virtual void restoreBackup(const QByteArray &bytes, const Done &done) = 0;
     virtual void factoryReset() = 0;
     virtual void setShop(const Model::Shop &shop) = 0;
+    virtual void setSettings(const Model::Settings &settings) = 0;
+    virtual void getRadioStatus() = 0;
     virtual void getAvailableComPorts() = 0;
+    virtual void addView3DItem(const Model::View3DItem &item, const UidsCallback &done) = 0;
+    virtual void changeView3DItem(const Model::View3DItem &item, const Done &done) = 0;
+    virtual void removeView3DItems(const std::vector<Model::View3DItem> &items, const Done &done) = 0;
+    // The record with its mesh. failed is called when the answer is an error or never comes.
+    virtual void getView3DItem(const QUuid &uid, const View3DItemCallback &done, const Done &failed) = 0;
+    virtual void setPowerOnStatistics(const std::vector<Model::DevicePowerOnInfo> &infos) = 0;
 
 signals:
     void addressChanged();
@@ -135,15 +182,28 @@ signals:
     void errorsReceived(const std::vector<Model::Result::Error> &errors);
 
     void shopReceived(const Model::Shop &shop);
+    void buttonStateListReceived(const std::vector<Model::ButtonState> &states);
     void backendUserListReceived(const std::vector<Model::UserInfo> &users);
     void devicesStatesReceived(const std::vector<Model::DeviceState> &states);
     void devicesTypesReceived(const std::vector<Model::DeviceTypeInfo> &types);
     void devicesModesReceived(const std::vector<Model::DeviceMode> &modes);
+    void actionNodesReceived(const std::vector<Model::NodeDescription> &nodes);
     void shopPartsReceived(const std::vector<Model::ShopPart> &parts);
     void zonesReceived(const std::vector<Model::Zone> &zones);
+    void buttonsReceived(const std::vector<Model::Button> &buttons);
+    void indicatorsReceived(const std::vector<Model::Indicator> &indicators);
+    void indicatorStatesReceived(const std::vector<Model::IndicatorState> &states);
     void devicesReceived(const std::vector<Model::DeviceDescriptor> &devices);
+    void blueprintsReceived(const std::vector<Model::ActionBlueprint> &blueprints);
+    void schedulesReceived(const std::vector<Model::ScheduleDay> &days);
+    void settingsReceived(const Model::Settings &settings);
     void systemTimeReceived(const Model::TimeInfo &info);
     void timeReceived(const QDateTime &time);
+    void imageItemsReceived(const std::vector<Model::ImageItem> &items);
+    void view3DItemsReceived(const std::vector<Model::View3DItem> &items);
+    void powerOnStatisticsReceived(const std::vector<Model::DevicePowerOnInfo> &infos);
+    void radioStatusReceived(const std::vector<Model::RadioStatus> &status);
+    void statisticsReceived(const Model::Statistics &statistics, const QUuid &requestId);
     void availableComPortsReceived(const QStringList &ports);
 
 protected:

@@ -3,13 +3,24 @@
 
 #include "link/LinkLog.h"
 #include "link/zmq/ZmqError.h"
+#include "model/json/ActionBlueprint.h"
+#include "model/json/Button.h"
+#include "model/json/ButtonState.h"
 #include "model/json/Device.h"
 #include "model/json/DeviceMode.h"
+#include "model/json/DevicePowerOnInfo.h"
 #include "model/json/DeviceState.h"
 #include "model/json/DeviceStatesReader.h"
 #include "model/json/DeviceType.h"
+#include "model/json/ImageItem.h"
+#include "model/json/Indicator.h"
+#include "model/json/IndicatorState.h"
+#include "model/json/NodeDescription.h"
+#include "model/json/ScheduleDay.h"
+#include "model/json/Settings.h"
 #include "model/json/ShopPart.h"
 #include "model/json/UserInfo.h"
+#include "model/json/View3DItem.h"
 #include "model/json/Zone.h"
 #include "shell/Version.h"
 
@@ -81,16 +92,18 @@ void JsonBackendCommunicator::perform(const JsonAPI::Request &request, int timeo
     attempt([&] { return send(request, timeoutMs); }, attach);
 }
 
-void JsonBackendCommunicator::upload(const ZmqBinaryMessage &message, const QByteArray &resource, int timeoutMs,
-                                     const Attach &attach)
+void JsonBackendCommunicator::upload(const ZmqBinaryMessage &message, const QByteArray &resource, Packing packing,
+                                     int timeoutMs, const Attach &attach)
 {
     if (!isOnOwnThread()) {
         QMetaObject::invokeMethod(
-            this, [=] { upload(message, resource, timeoutMs, attach); }, Qt::QueuedConnection);
+            this, [=] { upload(message, resource, packing, timeoutMs, attach); }, Qt::QueuedConnection);
         return;
     }
-    const ZmqMessageHeader header({ZmqMessageHeader::Flags::Raw}, resource);
-    attempt([&] { return sendRequest(header, message.toByteArray(), timeoutMs); }, attach);
+    ZmqMessageHeader header({ZmqMessageHeader::Flags::Raw}, resource);
+    header.setCompressed(packing == Packing::Compressed);
+    const auto bytes = message.toByteArray();
+    attempt([&] { return sendRequest(header, header.isCompressed() ? qCompress(bytes) : bytes, timeoutMs); }, attach);
 }
 
 void JsonBackendCommunicator::attempt(const Send &send, const Attach &attach)
@@ -271,24 +284,29 @@ const std::vector<JsonBackendCommunicator::Topic> &JsonBackendCommunicator::topi
 {
     using Json = JsonBackendCommunicator;
     static const std::vector<Topic> topics{
-        {"device_states", false, &Json::onDeviceStatesReceived},
-        {"device_types", true, &Json::onDeviceTypesReceived},
-        {"action_nodes", true, nullptr},
-        {"button_states", false, nullptr},
-        {"device_modes", false, &Json::onDeviceModesReceived},
-        {"users", false, &Json::onUsersReceived},
-        {"settings", false, nullptr},
-        {"shop_parts", false, &Json::onShopPartsReceived},
-        {"zones", false, &Json::onZonesReceived},
-        {"buttons", false, nullptr},
-        {"indicators", false, nullptr},
-        {"devices", false, &Json::onDevicesReceived},
-        {"blueprints", true, nullptr},
-        {"schedules", false, nullptr},
-        {"image_items", false, nullptr},
-        {"indicator_states", false, nullptr},
-        {"view_3d_items", false, nullptr},
-        {"power_on_statistics", false, nullptr},
+        {"device_states", false,
+         &Json::onListReceived<JsonAPI::DeviceState::fromVariant, &Json::devicesStatesReceived>},
+        {"device_types", true, &Json::onListReceived<JsonAPI::DeviceType::fromVariant, &Json::devicesTypesReceived>},
+        {"action_nodes", true,
+         &Json::onListReceived<JsonAPI::NodeDescription::fromVariant, &Json::actionNodesReceived>},
+        {"button_states", false,
+         &Json::onListReceived<JsonAPI::ButtonState::fromVariant, &Json::buttonStateListReceived>},
+        {"device_modes", false, &Json::onListReceived<JsonAPI::DeviceMode::fromVariant, &Json::devicesModesReceived>},
+        {"users", false, &Json::onListReceived<JsonAPI::UserInfo::fromVariant, &Json::backendUserListReceived>},
+        {"settings", false, &Json::onSettingsReceived},
+        {"shop_parts", false, &Json::onListReceived<JsonAPI::ShopPart::fromVariant, &Json::shopPartsReceived>},
+        {"zones", false, &Json::onListReceived<JsonAPI::Zone::fromVariant, &Json::zonesReceived>},
+        {"buttons", false, &Json::onListReceived<JsonAPI::Button::fromVariant, &Json::buttonsReceived>},
+        {"indicators", false, &Json::onListReceived<JsonAPI::Indicator::fromVariant, &Json::indicatorsReceived>},
+        {"devices", false, &Json::onListReceived<JsonAPI::Device::fromVariant, &Json::devicesReceived>},
+        {"blueprints", true, &Json::onListReceived<JsonAPI::ActionBlueprint::fromVariant, &Json::blueprintsReceived>},
+        {"schedules", false, &Json::onListReceived<JsonAPI::ScheduleDay::fromVariant, &Json::schedulesReceived>},
+        {"image_items", false, &Json::onListReceived<JsonAPI::ImageItem::fromVariant, &Json::imageItemsReceived>},
+        {"indicator_states", false,
+         &Json::onListReceived<JsonAPI::IndicatorState::fromVariant, &Json::indicatorStatesReceived>},
+        {"view_3d_items", false, &Json::onListReceived<JsonAPI::View3DItem::fromVariant, &Json::view3DItemsReceived>},
+        {"power_on_statistics", false,
+         &Json::onListReceived<JsonAPI::DevicePowerOnInfo::fromVariant, &Json::powerOnStatisticsReceived>},
     };
     return topics;
 }
@@ -338,43 +356,13 @@ void JsonBackendCommunicator::dispatchSub(const QByteArray &topic, const JsonAPI
         const bool matches = known.localised ? topic.startsWith(known.name + QByteArray("/")) : topic == known.name;
         if (!matches)
             continue;
-        if (known.handler)
-            (this->*known.handler)(response);
-        return;
+        return (this->*known.handler)(response);
     }
 }
 
-void JsonBackendCommunicator::onDeviceStatesReceived(const JsonAPI::Response &response)
+// One record for the whole server: of several the last counts.
+void JsonBackendCommunicator::onSettingsReceived(const JsonAPI::Response &response)
 {
-    emit devicesStatesReceived(JsonAPI::Entity::toType(response.data, JsonAPI::DeviceState::fromVariant));
-}
-
-void JsonBackendCommunicator::onDeviceTypesReceived(const JsonAPI::Response &response)
-{
-    emit devicesTypesReceived(JsonAPI::Entity::toType(response.data, JsonAPI::DeviceType::fromVariant));
-}
-
-void JsonBackendCommunicator::onDeviceModesReceived(const JsonAPI::Response &response)
-{
-    emit devicesModesReceived(JsonAPI::Entity::toType(response.data, JsonAPI::DeviceMode::fromVariant));
-}
-
-void JsonBackendCommunicator::onUsersReceived(const JsonAPI::Response &response)
-{
-    emit backendUserListReceived(JsonAPI::Entity::toType(response.data, JsonAPI::UserInfo::fromVariant));
-}
-
-void JsonBackendCommunicator::onShopPartsReceived(const JsonAPI::Response &response)
-{
-    emit shopPartsReceived(JsonAPI::Entity::toType(response.data, JsonAPI::ShopPart::fromVariant));
-}
-
-void JsonBackendCommunicator::onZonesReceived(const JsonAPI::Response &response)
-{
-    emit zonesReceived(JsonAPI::Entity::toType(response.data, JsonAPI::Zone::fromVariant));
-}
-
-void JsonBackendCommunicator::onDevicesReceived(const JsonAPI::Response &response)
-{
-    emit devicesReceived(JsonAPI::Entity::toType(response.data, JsonAPI::Device::fromVariant));
+    if (!response.data.empty())
+        emit settingsReceived(JsonAPI::Settings::fromVariant(response.data.back()));
 }

@@ -22,6 +22,13 @@ public:
     void addZones(const std::vector<Model::Zone> &zones, const UidsCallback &done) override;
     void changeZones(const std::vector<Model::Zone> &zones) override;
     void removeZones(const std::vector<Model::Zone> &zones) override;
+    void addDays(const std::vector<Model::ScheduleDay> &days, const UidsCallback &done) override;
+    void changeDays(const std::vector<Model::ScheduleDay> &days) override;
+    void removeDays(const std::vector<Model::ScheduleDay> &days) override;
+    void addButtons(const std::vector<Model::Button> &buttons, const UidsCallback &done) override;
+    void changeButtons(const std::vector<Model::Button> &buttons) override;
+    void removeButtons(const std::vector<Model::Button> &buttons) override;
+    void setButtonStates(const std::vector<Model::ButtonState> &states) override;
     void addShopParts(const std::vector<Model::ShopPart> &parts, const UidsCallback &done) override;
     void changeShopParts(const std::vector<Model::ShopPart> &parts) override;
     void removeShopParts(const std::vector<Model::ShopPart> &parts) override;
@@ -36,13 +43,34 @@ public:
     void changeUsersRoles(const std::vector<Model::UserInfo> &users, const Done &done) override;
     void getUserList(const UsersCallback &done) override;
     void ping() override;
+    void getStatistics(const QDateTime &from, const QDateTime &to, const StatisticsEntities &entities,
+                       StatisticsGrain grain, const QUuid &requestId) override;
+    void getLog(const QDateTime &from, const QDateTime &to, const LogCallback &done) override;
+    void getStatisticsInfo(const StatisticsInfoCallback &done) override;
     void setSystemTime(const Model::TimeInfo &info, const Done &done) override;
     void getSystemTime() override;
+    void addImageItem(const Model::ImageItem &item, const UidsCallback &done) override;
+    void changeImageItem(const Model::ImageItem &item, const Done &done) override;
+    void removeImageItems(const std::vector<Model::ImageItem> &items, const Done &done) override;
+    void getImage(const QUuid &uid, const ImageCallback &done, const Done &failed) override;
+    void addIndicators(const std::vector<Model::Indicator> &indicators, const UidsCallback &done) override;
+    void changeIndicators(const std::vector<Model::Indicator> &indicators) override;
+    void removeIndicators(const std::vector<Model::Indicator> &indicators) override;
+    void addBlueprints(const std::vector<Model::ActionBlueprint> &blueprints, const UidsCallback &done) override;
+    void changeBlueprints(const std::vector<Model::ActionBlueprint> &blueprints) override;
+    void removeBlueprints(const std::vector<Model::ActionBlueprint> &blueprints) override;
     void getBackup(const BackupCallback &done) override;
     void restoreBackup(const QByteArray &bytes, const Done &done) override;
     void factoryReset() override;
     void setShop(const Model::Shop &shop) override;
+    void setSettings(const Model::Settings &settings) override;
+    void getRadioStatus() override;
     void getAvailableComPorts() override;
+    void addView3DItem(const Model::View3DItem &item, const UidsCallback &done) override;
+    void changeView3DItem(const Model::View3DItem &item, const Done &done) override;
+    void removeView3DItems(const std::vector<Model::View3DItem> &items, const Done &done) override;
+    void getView3DItem(const QUuid &uid, const View3DItemCallback &done, const Done &failed) override;
+    void setPowerOnStatistics(const std::vector<Model::DevicePowerOnInfo> &infos) override;
 
 protected:
     void auth(const QString &login, const QString &password) override;
@@ -79,7 +107,9 @@ private:
 
     // Every operation goes out by one of these two, from any thread; an error of the socket becomes a reconnect.
     void perform(const JsonAPI::Request &request, int timeoutMs, const Attach &attach = {});
-    void upload(const ZmqBinaryMessage &message, const QByteArray &resource, int timeoutMs, const Attach &attach);
+    enum class Packing { Plain, Compressed };
+    void upload(const ZmqBinaryMessage &message, const QByteArray &resource, Packing packing, int timeoutMs,
+                const Attach &attach);
     bool isOnOwnThread() const;
     void attempt(const Send &send, const Attach &attach);
 
@@ -93,17 +123,23 @@ private:
 
     void onLoginReply(const QByteArray &body);
     void refuseServer(const QVersionNumber &serverVersion);
+    // Calls lost when no reply will come, also of a request that was refused.
+    void whenLost(BackendReplyHandler &reply, const Done &lost);
+    // The same, and for a reply that is a document where a file was asked for.
+    void whenFailed(BackendReplyHandler &reply, const Done &failed);
+    void onImageReply(const QByteArray &body, const ImageCallback &done, const Done &failed);
+    void onView3DItemReply(const QByteArray &body, const View3DItemCallback &done, const Done &failed);
     void onBackupReply(const QByteArray &body, const BackupCallback &done);
     void reportError(const QString &code, const QString &title, const QString &detail = {});
 
     bool publishStatesFast(const QByteArray &body);
-    void onDeviceStatesReceived(const JsonAPI::Response &response);
-    void onDeviceTypesReceived(const JsonAPI::Response &response);
-    void onDeviceModesReceived(const JsonAPI::Response &response);
-    void onUsersReceived(const JsonAPI::Response &response);
-    void onShopPartsReceived(const JsonAPI::Response &response);
-    void onZonesReceived(const JsonAPI::Response &response);
-    void onDevicesReceived(const JsonAPI::Response &response);
+    // A published list becomes records and one signal with all of them.
+    template <auto fromVariant, auto received>
+    void onListReceived(const JsonAPI::Response &response)
+    {
+        emit(this->*received)(JsonAPI::Entity::toType(response.data, fromVariant));
+    }
+    void onSettingsReceived(const JsonAPI::Response &response);
 
     bool m_compressRequests = true;
     QMap<QVersionNumber, bool> m_serverCompatibility; // each holds from its version up to the next

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "model/Blueprints.h"
+#include "model/ParameterDeclaration.h"
 
 #include <QMetaType>
 #include <QSet>
+#include <QString>
 #include <QUuid>
 #include <QVariant>
+#include <QVariantList>
 #include <QVariantMap>
 #include <vector>
 
@@ -34,8 +37,25 @@ struct ActionWrapper
     static ActionWrapper fromVariant(const QVariant &map);
 };
 
+// A script action, the form before action graphs.
+struct Action
+{
+    QUuid uid;
+    QString name;
+    QString script; // its text
+    QString category;
+    std::vector<ParameterDeclaration> parametersDeclaration;
+
+    static QVariantList parametersToList(const std::vector<ParameterDeclaration> &parameters);
+    static std::vector<ParameterDeclaration> parametersFromList(const QVariantList &list);
+
+    QVariant toVariant() const;
+    static Action fromVariant(const QVariant &map);
+};
+
 bool operator==(const ActionSequence &left, const ActionSequence &right);
 bool operator==(const ActionWrapper &left, const ActionWrapper &right);
+bool operator==(const Action &left, const Action &right);
 
 } // namespace Model
 

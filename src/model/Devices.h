@@ -3,6 +3,7 @@
 
 #include "model/RadioStatus.h"
 
+#include <QDateTime>
 #include <QMetaType>
 #include <QString>
 #include <QUrl>
@@ -48,9 +49,18 @@ struct DeviceMode
     Mode mode = Mode::Automatic;
 };
 
+// How long a device has been switched on.
+struct DevicePowerOnInfo
+{
+    QUuid uid;
+    double powerOnHours = 0.0;
+    QDateTime lastUpdate;
+};
+
 bool operator==(const DeviceDescriptor &left, const DeviceDescriptor &right);
 bool operator==(const DeviceState &left, const DeviceState &right);
 bool operator==(const DeviceMode &left, const DeviceMode &right);
+bool operator==(const DevicePowerOnInfo &left, const DevicePowerOnInfo &right);
 
 } // namespace Model
 
@@ -60,3 +70,5 @@ Q_DECLARE_METATYPE(Model::DeviceMode)
 Q_DECLARE_METATYPE(std::vector<Model::DeviceDescriptor>)
 Q_DECLARE_METATYPE(std::vector<Model::DeviceState>)
 Q_DECLARE_METATYPE(std::vector<Model::DeviceMode>)
+Q_DECLARE_METATYPE(Model::DevicePowerOnInfo)
+Q_DECLARE_METATYPE(std::vector<Model::DevicePowerOnInfo>)

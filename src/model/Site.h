@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "model/Actions.h"
 #include "model/Devices.h"
+#include "model/PlanObjects.h"
 #include "model/Position.h"
+#include "model/Schedule.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -42,21 +45,35 @@ struct TextLabel
     double height = 0.0;
 };
 
+// Kept from older sites, where a sensor was a record of its own.
+struct Sensor
+{
+    QUuid uid;
+};
+
 // The whole site in one record. Live data comes by the separate lists; this serves site-wide calls.
 struct Shop
 {
     QUuid uid;
     QString name = QStringLiteral("Завод");
     QString terminalName = QStringLiteral("Терминал");
+    QHash<QUuid, ScheduleDay> scheduleDays;
+    QHash<QUuid, ScheduleWeek> scheduleWeeks; // never written, like the terminal's name, sensors and pictures
+    QHash<QUuid, Sensor> sensors;
+    QHash<QUuid, Action> actions;
+    QHash<QUuid, Button> buttons;
     QHash<QUuid, Zone> zones;
     QHash<QUuid, TextLabel> labels;
     QHash<QUuid, ShopPart> shopParts;
+    QHash<QUuid, ImageItem> imageItems;
     QHash<QUuid, DeviceDescriptor> devices;
+    QHash<QUuid, Indicator> indicators;
 };
 
 bool operator==(const ShopPart &left, const ShopPart &right);
 bool operator==(const Zone &left, const Zone &right);
 bool operator==(const TextLabel &left, const TextLabel &right);
+bool operator==(const Sensor &left, const Sensor &right);
 bool operator==(const Shop &left, const Shop &right);
 
 } // namespace Model

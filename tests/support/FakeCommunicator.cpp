@@ -154,3 +154,162 @@ void FakeCommunicator::getAvailableComPorts()
 {
     operations << QStringLiteral("getAvailableComPorts");
 }
+
+void FakeCommunicator::addDays(const std::vector<Model::ScheduleDay> &list, const UidsCallback &done)
+{
+    note("addDays", days, list);
+    uidsCallback = done;
+}
+
+void FakeCommunicator::changeDays(const std::vector<Model::ScheduleDay> &list)
+{
+    note("changeDays", days, list);
+}
+
+void FakeCommunicator::removeDays(const std::vector<Model::ScheduleDay> &list)
+{
+    note("removeDays", days, list);
+}
+
+void FakeCommunicator::addButtons(const std::vector<Model::Button> &list, const UidsCallback &done)
+{
+    note("addButtons", buttons, list);
+    uidsCallback = done;
+}
+
+void FakeCommunicator::changeButtons(const std::vector<Model::Button> &list)
+{
+    note("changeButtons", buttons, list);
+}
+
+void FakeCommunicator::removeButtons(const std::vector<Model::Button> &list)
+{
+    note("removeButtons", buttons, list);
+}
+
+void FakeCommunicator::addIndicators(const std::vector<Model::Indicator> &list, const UidsCallback &done)
+{
+    note("addIndicators", indicators, list);
+    uidsCallback = done;
+}
+
+void FakeCommunicator::changeIndicators(const std::vector<Model::Indicator> &list)
+{
+    note("changeIndicators", indicators, list);
+}
+
+void FakeCommunicator::removeIndicators(const std::vector<Model::Indicator> &list)
+{
+    note("removeIndicators", indicators, list);
+}
+
+void FakeCommunicator::addBlueprints(const std::vector<Model::ActionBlueprint> &list, const UidsCallback &done)
+{
+    note("addBlueprints", blueprints, list);
+    uidsCallback = done;
+}
+
+void FakeCommunicator::changeBlueprints(const std::vector<Model::ActionBlueprint> &list)
+{
+    note("changeBlueprints", blueprints, list);
+}
+
+void FakeCommunicator::removeBlueprints(const std::vector<Model::ActionBlueprint> &list)
+{
+    note("removeBlueprints", blueprints, list);
+}
+
+void FakeCommunicator::setButtonStates(const std::vector<Model::ButtonState> &list)
+{
+    note("setButtonStates", buttonStates, list);
+}
+
+void FakeCommunicator::setPowerOnStatistics(const std::vector<Model::DevicePowerOnInfo> &list)
+{
+    note("setPowerOnStatistics", powerOnInfos, list);
+}
+
+void FakeCommunicator::setSettings(const Model::Settings &value)
+{
+    note("setSettings", settings, value);
+}
+
+void FakeCommunicator::getRadioStatus()
+{
+    operations << QStringLiteral("getRadioStatus");
+}
+
+void FakeCommunicator::addImageItem(const Model::ImageItem &item, const UidsCallback &done)
+{
+    note("addImageItem", imageItems, {item});
+    uidsCallback = done;
+}
+
+void FakeCommunicator::changeImageItem(const Model::ImageItem &item, const Done &done)
+{
+    note("changeImageItem", imageItems, {item});
+    doneCallback = done;
+}
+
+void FakeCommunicator::removeImageItems(const std::vector<Model::ImageItem> &list, const Done &done)
+{
+    note("removeImageItems", imageItems, list);
+    doneCallback = done;
+}
+
+void FakeCommunicator::addView3DItem(const Model::View3DItem &item, const UidsCallback &done)
+{
+    note("addView3DItem", view3DItems, {item});
+    uidsCallback = done;
+}
+
+void FakeCommunicator::changeView3DItem(const Model::View3DItem &item, const Done &done)
+{
+    note("changeView3DItem", view3DItems, {item});
+    doneCallback = done;
+}
+
+void FakeCommunicator::removeView3DItems(const std::vector<Model::View3DItem> &list, const Done &done)
+{
+    note("removeView3DItems", view3DItems, list);
+    doneCallback = done;
+}
+
+void FakeCommunicator::getImage(const QUuid &uid, const ImageCallback &done, const Done &failed)
+{
+    note("getImage", requestedUid, uid);
+    imageCallback = done;
+    failedCallback = failed;
+}
+
+void FakeCommunicator::getView3DItem(const QUuid &uid, const View3DItemCallback &done, const Done &failed)
+{
+    note("getView3DItem", requestedUid, uid);
+    view3DItemCallback = done;
+    failedCallback = failed;
+}
+
+void FakeCommunicator::getStatistics(const QDateTime &start, const QDateTime &end, const StatisticsEntities &entities,
+                                     StatisticsGrain grain, const QUuid &requestId)
+{
+    operations << QStringLiteral("getStatistics");
+    from = start;
+    to = end;
+    statisticsEntities = entities;
+    statisticsGrain = grain;
+    statisticsRequest = requestId;
+}
+
+void FakeCommunicator::getLog(const QDateTime &start, const QDateTime &end, const LogCallback &done)
+{
+    operations << QStringLiteral("getLog");
+    from = start;
+    to = end;
+    logCallback = done;
+}
+
+void FakeCommunicator::getStatisticsInfo(const StatisticsInfoCallback &done)
+{
+    operations << QStringLiteral("getStatisticsInfo");
+    statisticsInfoCallback = done;
+}
