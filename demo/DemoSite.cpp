@@ -1,60 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/DemoSite.h"
 
+#include "demo/SiteRows.h"
+
 #include <QMetaEnum>
 #include <algorithm>
 #include <cmath>
 
 namespace Demo {
-
-namespace {
-
-const QUuid &uidOf(const Model::ShopPart &part)
-{
-    return part.uid;
-}
-const QUuid &uidOf(const SiteZone &zone)
-{
-    return zone.zone.uid;
-}
-const QUuid &uidOf(const SiteDevice &device)
-{
-    return device.descriptor.uid;
-}
-
-template <typename Record>
-QHash<QUuid, int> rowsByUid(const std::vector<Record> &records)
-{
-    QHash<QUuid, int> rows;
-    rows.reserve(static_cast<int>(records.size()));
-    for (size_t row = 0; row < records.size(); ++row)
-        rows.insert(uidOf(records[row]), static_cast<int>(row));
-    return rows;
-}
-
-template <typename Record>
-const Record *find(const std::vector<Record> &records, const QHash<QUuid, int> &rows, const QUuid &uid)
-{
-    const int row = rows.value(uid, -1);
-    return row < 0 ? nullptr : &records[static_cast<size_t>(row)];
-}
-
-// The uids that were there, in the order of the list.
-template <typename Record>
-QStringList removeFrom(std::vector<Record> &records, const QSet<QUuid> &uids)
-{
-    QStringList removed;
-    for (const auto &record : records) {
-        if (uids.contains(uidOf(record)))
-            removed << uidOf(record).toString();
-    }
-    records.erase(std::remove_if(records.begin(), records.end(),
-                                 [&uids](const auto &record) { return uids.contains(uidOf(record)); }),
-                  records.end());
-    return removed;
-}
-
-} // namespace
 
 DemoSite::DemoSite(const SiteData &data, QObject *parent)
     : QObject(parent)
@@ -62,6 +15,7 @@ DemoSite::DemoSite(const SiteData &data, QObject *parent)
     , m_initial(data)
 {
     qRegisterMetaType<List>();
+    qRegisterMetaType<Model::LogEntry::Cause>("Model::LogEntry::Cause");
     index();
 }
 
@@ -70,6 +24,12 @@ void DemoSite::index()
     m_partRows = rowsByUid(m_data.parts);
     m_zoneRows = rowsByUid(m_data.zones);
     m_deviceRows = rowsByUid(m_data.devices);
+    m_buttonRows = rowsByUid(m_data.buttons);
+    m_indicatorRows = rowsByUid(m_data.indicators);
+    m_imageRows = rowsByUid(m_data.images);
+    m_view3DRows = rowsByUid(m_data.view3DItems);
+    m_blueprintRows = rowsByUid(m_data.blueprints);
+    m_dayRows = rowsByUid(m_data.days);
     m_typeRows.clear();
     for (size_t row = 0; row < m_data.deviceTypes.size(); ++row)
         m_typeRows.insert(m_data.deviceTypes[row].info.url, static_cast<int>(row));
@@ -185,6 +145,7 @@ QStringList DemoSite::removeParts(const QSet<QUuid> &uids)
     }
     if (!zones.isEmpty())
         removed += removeZones(zones);
+    removed += removeStandingOn(uids);
     emit changed(List::ShopParts);
     return removed;
 }
@@ -200,6 +161,7 @@ QStringList DemoSite::removeZones(const QSet<QUuid> &uids)
     }
     if (!devices.isEmpty())
         removed += removeDevices(devices);
+    forgetZones(uids);
     emit changed(List::Zones);
     return removed;
 }
@@ -208,6 +170,7 @@ QStringList DemoSite::removeDevices(const QSet<QUuid> &uids)
 {
     const auto removed = removeFrom(m_data.devices, uids);
     m_deviceRows = rowsByUid(m_data.devices);
+    forgetDevices(uids);
     emit changed(List::Devices);
     emit changed(List::DeviceStates);
     emit changed(List::DeviceModes);
@@ -269,6 +232,7 @@ void DemoSite::setZonesMode(const QSet<QUuid> &zones, Model::DeviceMode::Mode mo
 void DemoSite::replace(const SiteData &data)
 {
     m_data = data;
+    m_indicatorStates.clear();
     index();
     emit replaced();
     const auto lists = QMetaEnum::fromType<List>();

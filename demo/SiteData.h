@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "model/ActionBlueprint.h"
 #include "model/DeviceTypeInfo.h"
 #include "model/Devices.h"
+#include "model/NodeDescription.h"
+#include "model/PlanObjects.h"
+#include "model/Schedule.h"
+#include "model/Settings.h"
 #include "model/Site.h"
 #include "model/UserInfo.h"
 
+#include <QHash>
 #include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QUuid>
 #include <QVariantMap>
+#include <boost/optional.hpp>
 #include <vector>
 
 namespace Demo {
@@ -41,6 +48,65 @@ struct SiteDeviceType
     bool hasPower() const; // whether its devices can be told a power
 };
 
+struct SiteButton
+{
+    Model::Button button;
+    Model::ButtonState::State state = Model::ButtonState::State::Off;
+};
+
+// What the site itself decides about an indicator: a measured value, and looks from a threshold on.
+struct IndicatorRule
+{
+    enum class Measure { FailedDevices, MeanPower, DeviceValue };
+
+    struct Look
+    {
+        double from = 0; // the last look that the value reaches counts
+        double opacity = 1;
+        boost::optional<QString> text; // "%1" stands for the value
+        boost::optional<QString> textColor;
+        boost::optional<QString> icon;
+        boost::optional<QString> iconColor;
+    };
+
+    Measure measure = Measure::FailedDevices;
+    QUuid scope; // a plan or a zone, the device of a device's value; null: the whole site
+    QString property; // of the device's state
+    std::vector<Look> looks; // by threshold, ascending
+};
+
+struct SiteIndicator
+{
+    Model::Indicator indicator;
+    boost::optional<IndicatorRule> rule;
+};
+
+// A picture: its place on a plan, and the file.
+struct SiteImage
+{
+    Model::ImageItem item; // without the picture
+    Model::ImageItem::Image image;
+};
+
+// A blueprint in the site's own language, with overlays by language: "name", and "labels" by global name.
+struct SiteBlueprint
+{
+    Model::ActionBlueprint blueprint;
+    QMap<QString, QVariantMap> translations;
+
+    Model::ActionBlueprint localized(const QString &language) const;
+};
+
+// A node type in the site's own language, with overlays by language: "name", "description", "category"; "inputs",
+// "outputs" and "properties" by name; "items" of enumerations by the name of the property.
+struct SiteNode
+{
+    Model::NodeDescription description;
+    QMap<QString, QVariantMap> translations;
+
+    Model::NodeDescription localized(const QString &language) const;
+};
+
 // Everything that the site file tells; lists keep their order.
 struct SiteData
 {
@@ -53,6 +119,18 @@ struct SiteData
     std::vector<Model::ShopPart> parts;
     std::vector<SiteZone> zones;
     std::vector<SiteDevice> devices;
+    std::vector<SiteButton> buttons;
+    std::vector<SiteIndicator> indicators;
+    std::vector<SiteImage> images;
+    std::vector<Model::View3DItem> view3DItems; // with their meshes
+    std::vector<SiteBlueprint> blueprints; // the system's first
+    std::vector<SiteNode> nodes;
+    std::vector<Model::ScheduleDay> days;
+    Model::Settings settings;
+    QHash<QUuid, Model::DevicePowerOnInfo> powerOn; // by device
 };
+
+// Of overlays by language: Russian is the site's own, which has none; languages that it does not know see English.
+const QVariantMap *overlayFor(const QMap<QString, QVariantMap> &translations, const QString &language);
 
 } // namespace Demo
