@@ -24,7 +24,9 @@ auto fields(const TextLabel &label)
 
 auto fields(const Shop &shop)
 {
-    return std::tie(shop.uid, shop.name, shop.terminalName, shop.zones, shop.labels, shop.shopParts, shop.devices);
+    return std::tie(shop.uid, shop.name, shop.terminalName, shop.scheduleDays, shop.scheduleWeeks, shop.sensors,
+                    shop.actions, shop.buttons, shop.zones, shop.labels, shop.shopParts, shop.imageItems, shop.devices,
+                    shop.indicators);
 }
 
 } // namespace
@@ -42,6 +44,11 @@ bool operator==(const Zone &left, const Zone &right)
 bool operator==(const TextLabel &left, const TextLabel &right)
 {
     return fields(left) == fields(right);
+}
+
+bool operator==(const Sensor &left, const Sensor &right)
+{
+    return left.uid == right.uid;
 }
 
 bool operator==(const Shop &left, const Shop &right)

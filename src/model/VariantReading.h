@@ -5,8 +5,10 @@
 #include <QString>
 #include <QVariant>
 #include <QtGlobal>
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 // Numbers and texts out of variants that came from outside: what is none gives the fallback, and a double beyond the
 // range of the integer gives its end, since converting such a double is undefined.
@@ -42,6 +44,18 @@ inline int intFrom(const QVariant &value, int fallback = 0)
     constexpr long long least = std::numeric_limits<int>::min();
     constexpr long long largest = std::numeric_limits<int>::max();
     return static_cast<int>(qBound(least, integerFrom(value, fallback), largest));
+}
+
+// Of an unsigned type: what lies beyond its range gives its nearer end.
+template <typename Unsigned>
+Unsigned unsignedFrom(const QVariant &value, Unsigned fallback = 0)
+{
+    static_assert(std::is_unsigned<Unsigned>::value, "for unsigned types");
+    constexpr auto largest = static_cast<qulonglong>(std::numeric_limits<Unsigned>::max());
+    if (value.userType() == QMetaType::ULongLong)
+        return static_cast<Unsigned>(std::min(value.toULongLong(), largest));
+    const auto number = integerFrom(value, static_cast<long long>(fallback));
+    return number < 0 ? 0 : static_cast<Unsigned>(std::min(static_cast<qulonglong>(number), largest));
 }
 
 inline double doubleFrom(const QVariant &value, double fallback = 0.0)

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/json/Shop.h"
 
+#include "model/json/Action.h"
+#include "model/json/Button.h"
 #include "model/json/Device.h"
+#include "model/json/Indicator.h"
 #include "model/json/Label.h"
+#include "model/json/ScheduleDay.h"
 #include "model/json/ShopPart.h"
 #include "model/json/Zone.h"
 
@@ -28,10 +32,16 @@ struct Kind
 template <typename Visitor>
 void forEachKind(Visitor visit)
 {
+    using ScheduleDayKind = Kind<Model::ScheduleDay>;
+    visit(
+        ScheduleDayKind{"schedule_day", &Model::Shop::scheduleDays, ScheduleDay::toVariant, ScheduleDay::fromVariant});
+    visit(Kind<Model::Action>{"action", &Model::Shop::actions, Action::toVariant, Action::fromVariant});
+    visit(Kind<Model::Button>{"button", &Model::Shop::buttons, Button::toVariant, Button::fromVariant});
     visit(Kind<Model::Zone>{"zone", &Model::Shop::zones, Zone::toVariant, Zone::fromVariant});
     visit(Kind<Model::TextLabel>{"label", &Model::Shop::labels, Label::toVariant, Label::fromVariant});
     visit(Kind<Model::ShopPart>{"shop_part", &Model::Shop::shopParts, ShopPart::toVariant, ShopPart::fromVariant});
     visit(Kind<Model::DeviceDescriptor>{"device", &Model::Shop::devices, Device::toVariant, Device::fromVariant});
+    visit(Kind<Model::Indicator>{"indicator", &Model::Shop::indicators, Indicator::toVariant, Indicator::fromVariant});
 }
 
 template <typename Record>
