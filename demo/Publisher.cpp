@@ -3,12 +3,24 @@
 
 #include "link/document/Response.h"
 #include "link/document/ZmqMessageHeader.h"
+#include "model/StandardBlueprints.h"
+#include "model/json/ActionBlueprint.h"
+#include "model/json/Button.h"
+#include "model/json/ButtonState.h"
 #include "model/json/Device.h"
 #include "model/json/DeviceMode.h"
+#include "model/json/DevicePowerOnInfo.h"
 #include "model/json/DeviceState.h"
 #include "model/json/DeviceType.h"
+#include "model/json/ImageItem.h"
+#include "model/json/Indicator.h"
+#include "model/json/IndicatorState.h"
+#include "model/json/NodeDescription.h"
+#include "model/json/ScheduleDay.h"
+#include "model/json/Settings.h"
 #include "model/json/ShopPart.h"
 #include "model/json/UserInfo.h"
+#include "model/json/View3DItem.h"
 #include "model/json/Zone.h"
 
 #include <QJsonDocument>
@@ -20,91 +32,163 @@ namespace {
 
 using List = DemoSite::List;
 
-// Topics without a list are those whose records this site does not hold: they are published empty.
-constexpr int noList = -1;
-
 struct Topic
 {
     QByteArray name;
-    bool localized = false;
-    int list = noList;
-    void (*write)(const SiteData &site, const QByteArray &locale, QVariantList &entities) = nullptr;
+    bool localized;
+    List list;
+    void (*write)(const DemoSite &site, const QString &language, QVariantList &entities); // null: see document()
 };
 
-QByteArray languageOf(const QByteArray &locale)
+QString languageOf(const QByteArray &locale)
 {
-    return locale.split('_').first().toLower();
+    return QString::fromLatin1(locale.split('_').first().toLower());
 }
 
-void writeDevices(const SiteData &site, const QByteArray &, QVariantList &entities)
+// A list whose records are written as they are.
+template <typename Record>
+void writeAll(const std::vector<Record> &records, QVariant (*toVariant)(const Record &), QVariantList &entities)
 {
-    for (const auto &device : site.devices)
+    for (const auto &record : records)
+        entities << toVariant(record);
+}
+
+// Each blueprint serves others as a node, but for the one that shows all nodes.
+void writeNodes(const DemoSite &site, const QString &language, QVariantList &entities)
+{
+    for (const auto &node : site.data().nodes)
+        entities << JsonAPI::NodeDescription::toVariant(node.localized(language));
+    for (const auto &blueprint : site.data().blueprints) {
+        if (blueprint.blueprint.uid != Model::StandardBlueprints::debugAllNodesUid())
+            entities << JsonAPI::NodeDescription::toVariant(blueprint.asNode(language));
+    }
+}
+
+void writeBlueprints(const DemoSite &site, const QString &language, QVariantList &entities)
+{
+    for (const auto &blueprint : site.data().blueprints)
+        entities << JsonAPI::ActionBlueprint::toVariant(blueprint.localized(language));
+}
+
+void writeButtons(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    for (const auto &button : site.data().buttons)
+        entities << JsonAPI::Button::toVariant(button.button);
+}
+
+void writeButtonStates(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    for (const auto &button : site.data().buttons)
+        entities << JsonAPI::ButtonState::toVariant({button.button.uid, button.state});
+}
+
+void writeDevices(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    for (const auto &device : site.data().devices)
         entities << JsonAPI::Device::toVariant(device.descriptor);
 }
 
-// Russian is the site's own language; others than those it has see English.
-void writeDeviceTypes(const SiteData &site, const QByteArray &locale, QVariantList &entities)
+void writeDeviceTypes(const DemoSite &site, const QString &language, QVariantList &entities)
 {
-    const auto language = languageOf(locale);
-    for (const auto &type : site.deviceTypes) {
+    for (const auto &type : site.data().deviceTypes) {
         auto info = type.info;
-        const auto known = QString::fromLatin1(type.translations.contains(language) ? language : "en");
-        if (language != "ru" && type.translations.contains(known))
-            info.localize(type.translations.value(known));
+        if (const auto *overlay = overlayFor(type.translations, language))
+            info.localize(*overlay);
         entities << JsonAPI::DeviceType::toVariant(info);
     }
 }
 
-void writeModes(const SiteData &site, const QByteArray &, QVariantList &entities)
+void writeImages(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    for (const auto &image : site.data().images)
+        entities << JsonAPI::ImageItem::toVariant(image.item);
+}
+
+void writeIndicators(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    for (const auto &indicator : site.data().indicators)
+        entities << JsonAPI::Indicator::toVariant(indicator.indicator);
+}
+
+void writeIndicatorStates(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    writeAll(site.indicatorStates(), JsonAPI::IndicatorState::toVariant, entities);
+}
+
+void writeModes(const DemoSite &site, const QString &, QVariantList &entities)
 {
     QHash<QUrl, bool> driven;
-    for (const auto &type : site.deviceTypes)
+    for (const auto &type : site.data().deviceTypes)
         driven.insert(type.info.url, type.hasPower());
-    for (const auto &device : site.devices) {
+    for (const auto &device : site.data().devices) {
         if (driven.value(device.descriptor.url))
             entities << JsonAPI::DeviceMode::toVariant({device.descriptor.uid, device.mode});
     }
 }
 
-void writeParts(const SiteData &site, const QByteArray &, QVariantList &entities)
+void writeParts(const DemoSite &site, const QString &, QVariantList &entities)
 {
-    for (const auto &part : site.parts)
-        entities << JsonAPI::ShopPart::toVariant(part);
+    writeAll(site.data().parts, JsonAPI::ShopPart::toVariant, entities);
 }
 
-void writeUsers(const SiteData &site, const QByteArray &, QVariantList &entities)
+// In the order of the devices.
+void writePowerOn(const DemoSite &site, const QString &, QVariantList &entities)
 {
-    for (const auto &user : site.users)
-        entities << JsonAPI::UserInfo::toVariantNoPassword(user);
+    const auto &known = site.data().powerOn;
+    for (const auto &device : site.data().devices) {
+        const auto found = known.constFind(device.descriptor.uid);
+        if (found != known.constEnd())
+            entities << JsonAPI::DevicePowerOnInfo::toVariant(*found);
+    }
 }
 
-void writeZones(const SiteData &site, const QByteArray &, QVariantList &entities)
+void writeSchedules(const DemoSite &site, const QString &, QVariantList &entities)
 {
-    for (const auto &zone : site.zones)
+    writeAll(site.data().days, JsonAPI::ScheduleDay::toVariant, entities);
+}
+
+void writeSettings(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    entities << JsonAPI::Settings::toVariant(site.data().settings);
+}
+
+void writeUsers(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    writeAll(site.data().users, JsonAPI::UserInfo::toVariantNoPassword, entities);
+}
+
+void writeView3DItems(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    writeAll(site.data().view3DItems, JsonAPI::View3DItem::toVariant, entities);
+}
+
+void writeZones(const DemoSite &site, const QString &, QVariantList &entities)
+{
+    for (const auto &zone : site.data().zones)
         entities << JsonAPI::Zone::toVariant(zone.zone);
 }
 
 const std::vector<Topic> &topics()
 {
     static const std::vector<Topic> rows{
-        {"action_nodes", true},
-        {"blueprints", true},
-        {"button_states"},
-        {"buttons"},
-        {"device_modes", false, int(List::DeviceModes), writeModes},
-        {"device_states", false, int(List::DeviceStates)}, // written by hand: see statesDocument()
-        {"device_types", true, int(List::DeviceTypes), writeDeviceTypes},
-        {"devices", false, int(List::Devices), writeDevices},
-        {"image_items"},
-        {"indicator_states"},
-        {"indicators"},
-        {"power_on_statistics"},
-        {"schedules"},
-        {"settings"},
-        {"shop_parts", false, int(List::ShopParts), writeParts},
-        {"users", false, int(List::Users), writeUsers},
-        {"view_3d_items"},
-        {"zones", false, int(List::Zones), writeZones},
+        {"action_nodes", true, List::ActionNodes, writeNodes},
+        {"blueprints", true, List::Blueprints, writeBlueprints},
+        {"button_states", false, List::ButtonStates, writeButtonStates},
+        {"buttons", false, List::Buttons, writeButtons},
+        {"device_modes", false, List::DeviceModes, writeModes},
+        {"device_states", false, List::DeviceStates, nullptr},
+        {"device_types", true, List::DeviceTypes, writeDeviceTypes},
+        {"devices", false, List::Devices, writeDevices},
+        {"image_items", false, List::ImageItems, writeImages},
+        {"indicator_states", false, List::IndicatorStates, writeIndicatorStates},
+        {"indicators", false, List::Indicators, writeIndicators},
+        {"power_on_statistics", false, List::PowerOnStatistics, writePowerOn},
+        {"schedules", false, List::Schedules, writeSchedules},
+        {"settings", false, List::Settings, writeSettings},
+        {"shop_parts", false, List::ShopParts, writeParts},
+        {"users", false, List::Users, writeUsers},
+        {"view_3d_items", false, List::View3DItems, writeView3DItems},
+        {"zones", false, List::Zones, writeZones},
     };
     return rows;
 }
@@ -206,7 +290,7 @@ void Publisher::onChanged(DemoSite::List list)
 void Publisher::flush()
 {
     m_flushTimer.stop();
-    const auto isChanged = [this](const QByteArray &name) { return m_changed.contains(topicOf(name)->list); };
+    const auto isChanged = [this](const QByteArray &name) { return m_changed.contains(int(topicOf(name)->list)); };
     const auto packed = m_packed.keys();
     for (const auto &name : packed) {
         if (isChanged(name))
@@ -236,7 +320,7 @@ void Publisher::publish(const QByteArray &topic)
 QByteArray Publisher::packed(const QByteArray &topic)
 {
     const auto *row = topicOf(topic);
-    if (row && m_changed.contains(row->list)) // a change that flush() has still to tell to the others
+    if (row && m_changed.contains(int(row->list))) // a change that flush() has still to tell to the others
         return qCompress(document(topic));
     auto body = m_packed.value(topic);
     if (body.isEmpty()) {
@@ -249,11 +333,11 @@ QByteArray Publisher::packed(const QByteArray &topic)
 QByteArray Publisher::document(const QByteArray &topic)
 {
     const auto *row = topicOf(topic);
-    if (row && row->list == int(List::DeviceStates))
-        return statesDocument();
+    if (row && !row->write)
+        return statesDocument(); // long and often, so written by hand
     QVariantList entities;
-    if (row && row->write)
-        row->write(m_site.data(), topic.mid(row->name.size() + 1), entities);
+    if (row)
+        row->write(m_site, languageOf(topic.mid(row->name.size() + 1)), entities);
     JsonAPI::Response response(entities);
     response.serverVersion = m_version;
     return response.toByteArray();

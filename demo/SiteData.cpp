@@ -56,6 +56,35 @@ Model::ActionBlueprint SiteBlueprint::localized(const QString &language) const
     return result;
 }
 
+QString SiteBlueprint::nodeTypePrefix()
+{
+    return QStringLiteral("nested_action/");
+}
+
+// What it exposes can be set on the node, or fed by a wire.
+Model::NodeDescription SiteBlueprint::asNode(const QString &language) const
+{
+    const auto texts = localized(language);
+    Model::NodeDescription node(nodeTypePrefix() + texts.uid.toString(), texts.name);
+    node.category = language == QLatin1String("ru") ? QStringLiteral("Сценарии") : QStringLiteral("Blueprints");
+    for (const auto &inner : texts.nodes) {
+        for (const auto &property : inner.properties) {
+            const auto &name = property.globalName;
+            if (!property.exposed || name.isEmpty() || node.property(name))
+                continue;
+            node.properties.emplace_back(name, property.userDescription, property.value, property.valueLimits);
+            Model::NodeIODescription input;
+            input.name = name;
+            input.description = property.userDescription;
+            input.acceptedTypes = {property.value.type(), Model::ActionDatatype::Type::Void};
+            input.linkedProperty = name;
+            input.defaultValue = property.value;
+            node.inputs.push_back(input);
+        }
+    }
+    return node;
+}
+
 Model::NodeDescription SiteNode::localized(const QString &language) const
 {
     auto result = description;

@@ -95,6 +95,8 @@ struct SiteBlueprint
     QMap<QString, QVariantMap> translations;
 
     Model::ActionBlueprint localized(const QString &language) const;
+    Model::NodeDescription asNode(const QString &language) const; // as one node of other blueprints
+    static QString nodeTypePrefix(); // followed by the uid
 };
 
 // A node type in the site's own language, with overlays by language: "name", "description", "category"; "inputs",
