@@ -30,7 +30,7 @@ public:
     void click(QQuickItem *item); // in its middle
     QImage picture();
     QImage settledPicture(); // when nothing moves any more, or something that never rests has moved for long
-    bool waitFor(const std::function<bool()> &condition, int timeoutMs = 10000);
+    bool waitFor(const std::function<bool()> &condition, int timeoutMs = 60000);
 
     // The program is connected and shows at least that many tiles.
     bool waitForPlan(int tiles);
