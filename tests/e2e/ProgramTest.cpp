@@ -40,7 +40,7 @@ private:
     {
         auto *item = sortedTiles().at(static_cast<size_t>(tile));
         m_driver->click(item);
-        if (!m_driver->waitFor([&] { return isSelected(item); }, 5000))
+        if (!m_driver->waitFor([&] { return isSelected(item) && m_driver->find("brightnessControl"); }, 5000))
             tellWhere(item);
         return item;
     }
