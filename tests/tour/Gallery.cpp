@@ -3,6 +3,7 @@
 
 #include "data/ShopPartsListModel.h"
 #include "link/AbstractBackendCommunicator.h"
+#include "model/Site.h"
 #include "shell/FrontendManager.h"
 
 #include <QDir>
@@ -119,7 +120,8 @@ bool Gallery::emptyStates()
     return step("a part without zones",
                 [=] {
                     parts->addShopPart();
-                    return m_driver.waitFor([this] { return m_driver.find("partTab3") != nullptr; }) && chooseTab(1)
+                    return m_driver.waitFor([this] { return m_driver.find("partTab3") != nullptr; })
+                        && chooseTab(tabOf(Model::ShopPart().name))
                         && m_driver.waitFor([this] { return m_driver.find("emptyPart") != nullptr; })
                         && takeBoth("empty-part");
                 })
@@ -210,6 +212,18 @@ bool Gallery::chooseTab(int index)
 {
     return press(QStringLiteral("partTab%1").arg(index))
         && m_driver.waitFor([=] { return m_driver.find("partsTabBar")->property("currentIndex").toInt() == index; });
+}
+
+// Where a part stands depends on the language that named it.
+int Gallery::tabOf(const QString &name) const
+{
+    const int count = m_driver.find("partsTabBar")->property("count").toInt();
+    for (int i = 0; i < count; ++i) {
+        const auto *tab = m_driver.find(QStringLiteral("partTab%1").arg(i));
+        if (tab && tab->property("text").toString() == name)
+            return i;
+    }
+    return -1;
 }
 
 bool Gallery::chooseTiles(int count)

@@ -22,6 +22,7 @@ private:
     bool type(const QString &objectName, const QString &text);
     bool openConnections();
     bool chooseTab(int index);
+    int tabOf(const QString &name) const; // -1 for a name that no tab in sight bears
     bool chooseTiles(int count);
     bool isStatus(int status);
     QObject *model(const char *name) const;
