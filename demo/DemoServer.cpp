@@ -15,7 +15,7 @@ namespace Demo {
 
 namespace {
 
-constexpr qint64 largestMessage = 64 * 1024 * 1024;
+constexpr qint64 largestMessage = 160 * 1024 * 1024; // an upload of a mesh
 constexpr qint64 largestSubscription = 64 * 1024;
 constexpr qint64 longestStep = 60000; // after a suspend the site does not live through the night at once
 
@@ -32,11 +32,14 @@ DemoServer::DemoServer(const SiteData &site, const Settings &settings, const Sit
     , m_site(site)
     , m_clock(site.timezone, clock)
     , m_simulation(m_site, settings.seed)
+    , m_schedules(m_site, m_clock.now())
+    , m_rules(m_site)
     , m_publisher(m_site, settings.version)
     , m_handler(m_site, m_clock, settings.version)
     , m_garbage(settings.seed)
 {
     m_simulation.settle(m_clock.now());
+    m_rules.evaluate();
     connect(&m_publisher, &Publisher::published, this, &DemoServer::publish);
     m_ticks.setTimerType(Qt::PreciseTimer);
     connect(&m_ticks, &QTimer::timeout, this, &DemoServer::onTick);
@@ -126,7 +129,10 @@ void DemoServer::onRequest(const QList<QByteArray> &parts)
 
 void DemoServer::onTick()
 {
-    m_simulation.advance(std::min(m_sinceTick.restart(), longestStep), m_clock.now());
+    const auto now = m_clock.now();
+    m_schedules.advance(now);
+    m_simulation.advance(std::min(m_sinceTick.restart(), longestStep), now);
+    m_rules.evaluate(); // so that what the indicators show goes out together with what it follows from
     m_publisher.flush();
 }
 

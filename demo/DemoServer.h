@@ -3,8 +3,10 @@
 
 #include "demo/DemoSite.h"
 #include "demo/Garbage.h"
+#include "demo/IndicatorRules.h"
 #include "demo/Publisher.h"
 #include "demo/RequestHandler.h"
+#include "demo/ScheduleRunner.h"
 #include "demo/Simulation.h"
 #include "demo/SiteClock.h"
 
@@ -74,6 +76,8 @@ private:
     DemoSite m_site;
     SiteClock m_clock;
     Simulation m_simulation;
+    ScheduleRunner m_schedules;
+    IndicatorRules m_rules;
     Publisher m_publisher;
     RequestHandler m_handler;
     Garbage m_garbage;

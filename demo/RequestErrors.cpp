@@ -36,6 +36,11 @@ void unknownBlueprint(JsonAPI::Errors &errors, const QString &uid)
     errors.add("unknown_blueprint_error", QStringLiteral("Сервер не знает такого действия"), uid);
 }
 
+void storeFull(JsonAPI::Errors &errors, const QString &detail)
+{
+    errors.add("store_full_error", QStringLiteral("На сервере нет места для файла"), detail);
+}
+
 void lastAdministrator(JsonAPI::Errors &errors)
 {
     errors.add("last_admin_error", QStringLiteral("На сервере должен остаться хотя бы один администратор"));

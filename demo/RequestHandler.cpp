@@ -16,7 +16,8 @@ using Kind = RequestReader::Kind;
 using JsonAPI::Request;
 using JsonAPI::Response;
 
-constexpr qint64 largestBody = 64 * 1024 * 1024;
+constexpr qint64 largestDocument = 64 * 1024 * 1024;
+constexpr qint64 largestUpload = 160 * 1024 * 1024; // a mesh, and room for what is said of it
 constexpr int mostSessions = 10000; // routing ids of lost peers never come back, so the table would only grow
 
 Response complaint(void (*complain)(Errors &errors))
@@ -47,7 +48,7 @@ const Row *findRow(const std::vector<Row> &rows, Predicate predicate)
 
 const Resource *findResource(const Request &request, bool &nameKnown)
 {
-    for (const auto *rows : {&siteResources(), &systemResources()}) {
+    for (const auto *rows : {&siteResources(), &planResources(), &automationResources(), &systemResources()}) {
         for (const auto &row : *rows) {
             if (request.type != QLatin1String(row.name))
                 continue;
@@ -86,7 +87,7 @@ Outcome RequestHandler::answerBody(const QByteArray &connection, const Message &
         return complaint(RequestErrors::badRequest, QStringLiteral("flags %1").arg(request.header.flags()));
     auto body = request.body;
     if (request.header.isCompressed()) {
-        const auto unpacked = Compression::unpack(body, largestBody);
+        const auto unpacked = Compression::unpack(body, request.header.isRaw() ? largestUpload : largestDocument);
         if (!unpacked)
             return complaint(RequestErrors::badRequest, QStringLiteral("too large"));
         body = *unpacked;
@@ -130,7 +131,10 @@ Outcome RequestHandler::answerUpload(const QByteArray &connection, const QByteAr
     const auto *user = userOf(connection);
     if (!user)
         return complaint(RequestErrors::authNeeded);
-    const auto *upload = findRow(uploads(), [topic](const Upload &row) { return *topic == row.topic; });
+    const auto isTopic = [topic](const Upload &row) { return *topic == row.topic; };
+    const auto *upload = findRow(uploads(), isTopic);
+    if (!upload)
+        upload = findRow(planUploads(), isTopic);
     if (!upload)
         return complaint(RequestErrors::unknownResource, QString::fromUtf8(*topic));
     if (!mayAsk(upload->access, *user))

@@ -54,8 +54,11 @@ struct Upload
     Outcome (*answer)(Context &context, const ZmqBinaryMessage &message);
 };
 
-const std::vector<Resource> &siteResources(); // plans, zones, devices and what acts on them
+const std::vector<Resource> &siteResources(); // plans, zones, devices and the site as a whole
+const std::vector<Resource> &planResources(); // buttons, indicators, pictures and meshes
+const std::vector<Resource> &automationResources(); // blueprints, schedules, and what runs at once
 const std::vector<Resource> &systemResources(); // users, clock, backup and the like
-const std::vector<Upload> &uploads();
+const std::vector<Upload> &planUploads();
+const std::vector<Upload> &uploads(); // of the system
 
 } // namespace Demo

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "demo/RequestErrors.h"
-#include "demo/RequestReader.h"
-#include "demo/Resources.h"
-#include "model/Blueprints.h"
-#include "model/StandardBlueprints.h"
-#include "model/json/ActionBlueprintInstance.h"
+// Plans, zones, devices and their states, and the site as a whole.
+#include "demo/RecordChecks.h"
+#include "demo/RecordRequests.h"
 #include "model/json/Device.h"
 #include "model/json/DeviceState.h"
 #include "model/json/Shop.h"
@@ -23,18 +20,6 @@ using JsonAPI::Entity;
 using JsonAPI::Request;
 using JsonAPI::Response;
 using Type = Model::ActionDatatype::Type;
-
-// What adding and changing, which share a resource, need to know of a kind of record.
-template <typename Record>
-struct RecordKind
-{
-    const char *type; // of its entities
-    QVariant (*toVariant)(const Record &record);
-    Record (*fromVariant)(const Entity &entity);
-    void (*checkEntity)(const Entity &entity, Errors &errors); // kinds of values
-    void (*checkRecord)(const Context &context, const Record &record, Errors &errors); // what it refers to
-    const Record *(*find)(const DemoSite &site, const QUuid &uid);
-};
 
 const Model::ShopPart *findPart(const DemoSite &site, const QUuid &uid)
 {
@@ -130,78 +115,6 @@ const RecordKind<Model::DeviceDescriptor> &deviceKind()
     static const RecordKind<Model::DeviceDescriptor> kind{
         "device", JsonAPI::Device::toVariant, JsonAPI::Device::fromVariant, checkDeviceEntity, checkDevice, findDevice};
     return kind;
-}
-
-Response done()
-{
-    return Response("response", std::vector<Model::Result>());
-}
-
-// The record as it will be: what the entity leaves out stays as it was. A null or missing uid gets a fresh one.
-template <typename Record>
-Record readRecord(const Context &context, const RecordKind<Record> &kind, const Entity &entity, Errors &errors)
-{
-    if (!entity.id.isEmpty() && !RequestReader::isOfKind(entity.id, Kind::Uid))
-        RequestErrors::invalidData(errors, QStringLiteral("id \"%1\"").arg(entity.id));
-    kind.checkEntity(entity, errors);
-    if (!errors.isEmpty())
-        return {};
-
-    Entity merged(entity.type, entity.id);
-    if (const auto *known = kind.find(context.site, QUuid(entity.id)))
-        merged.attributes = Entity(kind.toVariant(*known)).attributes;
-    for (auto it = entity.attributes.begin(); it != entity.attributes.end(); ++it)
-        merged.setAttribute(it.key(), it.value());
-    auto record = kind.fromVariant(merged);
-    if (record.uid.isNull())
-        record.uid = QUuid::createUuid();
-    kind.checkRecord(context, record, errors);
-    return record;
-}
-
-// All of a request is done, or nothing.
-template <typename Record>
-Outcome putRecords(Context &context, const Request &request, const RecordKind<Record> &kind)
-{
-    Errors errors;
-    std::vector<Record> records;
-    for (const auto &entity : request.data)
-        records.push_back(readRecord(context, kind, entity, errors));
-    if (!errors.isEmpty())
-        return RequestErrors::response(errors);
-
-    std::vector<Model::Result> results;
-    for (const auto &record : records) {
-        const bool known = kind.find(context.site, record.uid) != nullptr;
-        context.site.put(record);
-        results.push_back(known ? Model::Result::changed(record.uid) : Model::Result::added(record.uid));
-    }
-    return Response(kind.type, results);
-}
-
-template <typename Record>
-Outcome removeRecords(Context &context, const Request &request, const RecordKind<Record> &kind,
-                      QStringList (DemoSite::*remove)(const QSet<QUuid> &uids))
-{
-    Errors errors;
-    QSet<QUuid> uids;
-    for (const auto &entity : request.data) {
-        if (entity.type != QLatin1String(kind.type))
-            RequestErrors::invalidData(errors, QStringLiteral("type \"%1\"").arg(entity.type));
-        else if (!kind.find(context.site, QUuid(entity.id)))
-            RequestErrors::unknownRecord(errors, entity.id);
-        uids.insert(QUuid(entity.id));
-    }
-    if (!errors.isEmpty())
-        return RequestErrors::response(errors);
-
-    std::vector<Model::Result> results;
-    if (!uids.isEmpty()) {
-        const auto removed = (context.site.*remove)(uids);
-        for (const auto &uid : removed)
-            results.push_back(Model::Result::deleted(uid));
-    }
-    return Response(kind.type, results);
 }
 
 Outcome putParts(Context &context, const Request &request)
@@ -316,97 +229,60 @@ Outcome putStates(Context &context, const Request &request)
     return Response("device_state", results);
 }
 
-using Instance = Model::ActionBlueprintInstance;
-
-// Whether the instance gives the power that the blueprint sets. JavaScript writes whole numbers as either kind.
-bool givesPower(const Instance &instance)
-{
-    const auto *power = instance.property(QStringLiteral("power"));
-    return power && (power->value.type() == Type::Integer || power->value.type() == Type::Double);
-}
-
-void checkInstance(const Context &context, const Entity &entity, Errors &errors)
-{
-    RequestReader::check(entity, "oneshot_blueprint", {{"properties", Kind::List}, {"zones", Kind::UidList}}, errors);
-    if (!errors.isEmpty())
-        return;
-    const auto instance = JsonAPI::ActionBlueprintInstance::fromVariant(entity);
-    using namespace Model::StandardBlueprints;
-    if (instance.blueprint != setPowerUid() && instance.blueprint != setAutoModeUid()
-        && instance.blueprint != setManualModeUid())
-        RequestErrors::unknownBlueprint(errors, entity.id);
-    else if (instance.blueprint == setPowerUid() && !givesPower(instance))
-        RequestErrors::invalidData(errors, QStringLiteral("property \"power\""));
-    for (const auto &zone : instance.zones) {
-        if (!context.site.zone(zone))
-            RequestErrors::unknownRecord(errors, zone.toString());
-    }
-}
-
-void run(Context &context, const Instance &instance)
-{
-    using namespace Model::StandardBlueprints;
-    using Mode = Model::DeviceMode::Mode;
-    if (instance.blueprint == setPowerUid())
-        context.site.setZonesPower(instance.zones, instance.property(QStringLiteral("power"))->value.toDouble());
-    else
-        context.site.setZonesMode(instance.zones,
-                                  instance.blueprint == setManualModeUid() ? Mode::Manual : Mode::Automatic);
-}
-
-Outcome runBlueprints(Context &context, const Request &request)
-{
-    Errors errors;
-    std::vector<Instance> instances;
-    for (const auto &entity : request.data) {
-        checkInstance(context, entity, errors);
-        instances.push_back(JsonAPI::ActionBlueprintInstance::fromVariant(entity));
-    }
-    if (!errors.isEmpty())
-        return RequestErrors::response(errors);
-    for (const auto &instance : instances) {
-        for (const auto &zone : instance.zones) {
-            if (!request.user.hasAccess(zone))
-                return Response::Prepared::accessDenied();
-        }
-    }
-    for (const auto &instance : instances)
-        run(context, instance);
-    return done();
-}
-
 void checkIncluded(const Request &request, Errors &errors)
 {
+    static const QHash<QString, void (*)(const Entity &, Errors &)> checks{
+        {"button", RecordChecks::button},       {"device", checkDeviceEntity},
+        {"indicator", RecordChecks::indicator}, {"schedule_day", RecordChecks::scheduleDay},
+        {"shop_part", checkPartEntity},         {"zone", checkZoneEntity},
+    };
     const auto included = request.included.toVariant();
     for (const auto &record : included) {
         const Entity entity(record);
         if (QUuid(entity.id).isNull())
             RequestErrors::invalidData(errors, QStringLiteral("id \"%1\"").arg(entity.id));
-        if (entity.type == QLatin1String("shop_part"))
-            checkPartEntity(entity, errors);
-        else if (entity.type == QLatin1String("zone"))
-            checkZoneEntity(entity, errors);
-        else if (entity.type == QLatin1String("device"))
-            checkDeviceEntity(entity, errors);
+        if (const auto check = checks.value(entity.type))
+            check(entity, errors);
     }
 }
 
 // Records may refer to the site's or to each other.
 void checkShop(const Context &context, const Model::Shop &shop, Errors &errors)
 {
+    const auto &site = context.site;
+    const References known{[&](const QUuid &uid) { return shop.shopParts.contains(uid) || site.part(uid); },
+                           [&](const QUuid &uid) { return shop.zones.contains(uid) || site.zone(uid); },
+                           [&](const QUuid &uid) { return shop.devices.contains(uid) || site.device(uid); },
+                           [&](const QUuid &uid) { return site.blueprint(uid) != nullptr; }};
     for (const auto &zone : shop.zones) {
-        if (!shop.shopParts.contains(zone.partUid))
-            checkZone(context, zone, errors);
+        if (!known.part(zone.partUid))
+            RequestErrors::unknownRecord(errors, zone.partUid.toString());
     }
     for (const auto &device : shop.devices) {
-        if (!shop.zones.contains(device.zoneUid) && !context.site.zone(device.zoneUid))
+        if (!known.zone(device.zoneUid))
             RequestErrors::unknownRecord(errors, device.zoneUid.toString());
         checkDeviceAlone(context, device, errors);
     }
+    for (const auto &button : shop.buttons)
+        RecordChecks::references(known, button, errors);
+    for (const auto &indicator : shop.indicators)
+        RecordChecks::references(known, indicator, errors);
+    for (const auto &day : shop.scheduleDays)
+        RecordChecks::references(known, day, errors);
+}
+
+// By uid, since the order of a hash differs from run to run.
+template <typename Record>
+void putAll(DemoSite &site, const QHash<QUuid, Record> &records)
+{
+    auto uids = records.keys();
+    std::sort(uids.begin(), uids.end());
+    for (const auto &uid : qAsConst(uids))
+        site.put(*records.constFind(uid));
 }
 
 // The site under its uid, or under the null uid, since no list tells clients the site's own. Records that come with it
-// are added or changed; nothing is removed by being left out. Labels are in no list of this site.
+// are added or changed; nothing is removed by being left out. Labels and script actions are in no list of this site.
 Outcome putShop(Context &context, const Request &request)
 {
     Errors errors;
@@ -428,12 +304,12 @@ Outcome putShop(Context &context, const Request &request)
 
     if (entity.attributes.contains("name"))
         context.site.rename(shop.name);
-    for (const auto &part : shop.shopParts)
-        context.site.put(part);
-    for (const auto &zone : shop.zones)
-        context.site.put(zone);
-    for (const auto &device : shop.devices)
-        context.site.put(device);
+    putAll(context.site, shop.shopParts);
+    putAll(context.site, shop.zones);
+    putAll(context.site, shop.devices);
+    putAll(context.site, shop.buttons);
+    putAll(context.site, shop.indicators);
+    putAll(context.site, shop.scheduleDays);
     return Response("shop", {Model::Result::changed(context.site.data().uid)});
 }
 
@@ -446,7 +322,6 @@ const std::vector<Resource> &siteResources()
         {"device_states", Method::Post, Access::Admin, putStates},
         {"devices", Method::Post, Access::Admin, putDevices},
         {"devices", Method::Delete, Access::Admin, removeDevices},
-        {"oneshot_blueprint", Method::Post, Access::User, runBlueprints},
         {"shop_parts", Method::Post, Access::Admin, putParts},
         {"shop_parts", Method::Delete, Access::Admin, removeParts},
         {"shops", Method::Post, Access::Admin, putShop, true},
