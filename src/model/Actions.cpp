@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/Actions.h"
 
+#include "model/RecordLists.h"
 #include "model/UidSet.h"
 
 #include <QVariantList>
@@ -56,6 +57,39 @@ ActionWrapper ActionWrapper::fromVariant(const QVariant &variant)
     return wrapper;
 }
 
+QVariantList Action::parametersToList(const std::vector<ParameterDeclaration> &parameters)
+{
+    return recordsToVariant(parameters);
+}
+
+std::vector<ParameterDeclaration> Action::parametersFromList(const QVariantList &list)
+{
+    return recordsFromVariant<ParameterDeclaration>(list);
+}
+
+QVariant Action::toVariant() const
+{
+    return QVariantMap{
+        {"uid", uid.toString()},
+        {"name", name},
+        {"script", script},
+        {"category", category},
+        {"parametersDeclaration", parametersToList(parametersDeclaration)},
+    };
+}
+
+Action Action::fromVariant(const QVariant &variant)
+{
+    const auto map = variant.toMap();
+    Action action;
+    action.uid = map.value("uid").toUuid();
+    action.name = map.value("name").toString();
+    action.script = map.value("script").toString();
+    action.category = map.value("category").toString();
+    action.parametersDeclaration = parametersFromList(map.value("parametersDeclaration").toList());
+    return action;
+}
+
 bool operator==(const ActionSequence &left, const ActionSequence &right)
 {
     return left.instances == right.instances;
@@ -65,6 +99,12 @@ bool operator==(const ActionWrapper &left, const ActionWrapper &right)
 {
     return left.action == right.action && left.controlledZones == right.controlledZones
         && left.passedParameters == right.passedParameters;
+}
+
+bool operator==(const Action &left, const Action &right)
+{
+    return left.uid == right.uid && left.name == right.name && left.script == right.script
+        && left.category == right.category && left.parametersDeclaration == right.parametersDeclaration;
 }
 
 } // namespace Model

@@ -46,4 +46,9 @@ bool operator==(const DeviceMode &left, const DeviceMode &right)
     return left.uid == right.uid && left.mode == right.mode;
 }
 
+bool operator==(const DevicePowerOnInfo &left, const DevicePowerOnInfo &right)
+{
+    return left.uid == right.uid && left.powerOnHours == right.powerOnHours && left.lastUpdate == right.lastUpdate;
+}
+
 } // namespace Model
