@@ -92,6 +92,18 @@ QImage Driver::picture()
 
 QImage Driver::settledPicture()
 {
+    // What covers an empty place fades in after a moment in which nothing moves.
+    waitFor([this] {
+        std::vector<QQuickItem *> fading;
+        collect(
+            m_window->contentItem(),
+            [](QQuickItem *item) {
+                return item->opacity() < 1
+                    && QString::fromLatin1(item->metaObject()->className()).startsWith(QLatin1String("Placeholder"));
+            },
+            fading);
+        return fading.empty();
+    });
     QImage last;
     QImage now = picture();
     waitFor(

@@ -142,7 +142,7 @@ QC2.Page {
 
         objectName: "emptyPart"
         anchors.fill: parent
-        visible: shop.uid !== "" && shop.isEmpty
+        visible: tabs.count > 0 && shop.uid !== "" && shop.isEmpty
         icon: "qrc:/images/plan.svg"
         title: qsTr("Объект пуст")
         button.visible: false
