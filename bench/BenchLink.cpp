@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The link as it runs: a request to a server on loopback and its reply, polling each 10 ms as always; and a frame of
 // 10,000 device states from the socket's hand to every row that it changes.
+#include "data/DeviceFaultsListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/UsersListModel.h"
 #include "data/ZonesListModel.h"
@@ -133,7 +134,8 @@ void FrameToRowsAnnounced(benchmark::State &state)
     Link link;
     UsersListModel users(link);
     DevicesListModel devices(link);
-    ZonesListModel zones(link, devices, users);
+    DeviceFaultsListModel faults(link, devices);
+    ZonesListModel zones(link, devices, faults, users);
     std::vector<Model::Zone> zoneList(zoneCount);
     for (uint i = 0; i < zoneCount; ++i)
         zoneList[i].uid = QUuid(uidText(0x20, i));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // 10,000 device states, already read, to the announcement of every row that they change.
+#include "data/DeviceFaultsListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/UsersListModel.h"
 #include "data/ZonesListModel.h"
@@ -40,7 +41,8 @@ void StatesToRowsAnnounced(benchmark::State &state)
     FakeCommunicator link;
     UsersListModel users(link);
     DevicesListModel devices(link);
-    ZonesListModel zones(link, devices, users);
+    DeviceFaultsListModel faults(link, devices);
+    ZonesListModel zones(link, devices, faults, users);
     std::vector<Model::Zone> zoneList(zoneCount);
     for (uint i = 0; i < zoneCount; ++i)
         zoneList[i].uid = zoneUid(i);

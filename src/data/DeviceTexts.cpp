@@ -65,16 +65,18 @@ QString DeviceTexts::devicePrettyPrint(const Model::DeviceDescriptor &descriptor
     return text;
 }
 
-// An index is told only where there is a choice among radios of that kind.
-QString DeviceTexts::getRadioString(const Model::DeviceDescriptor &descriptor)
+QString DeviceTexts::getRadioString(const Model::DeviceDescriptor &descriptor, const Model::Settings &settings)
 {
     using Type = Model::RadioStatus::DeviceType;
+    const auto withIndex = [&](const QString &name, std::size_t count) {
+        return count < 2 ? name : name + '-' + QString::number(descriptor.radioIndex);
+    };
     switch (descriptor.radioType) {
-    case Type::Mrf: return QStringLiteral("MRF");
+    case Type::Mrf: return withIndex(QStringLiteral("MRF"), settings.mrf.size());
     case Type::Network:
         return QCoreApplication::translate("DevicesListModel", "Network device-%1").arg(descriptor.radioIndex);
-    case Type::LoRa: return QStringLiteral("LoRa");
-    case Type::Rs485: return QStringLiteral("RS485");
+    case Type::LoRa: return withIndex(QStringLiteral("LoRa"), settings.lora.size());
+    case Type::Rs485: return withIndex(QStringLiteral("RS485"), settings.rs485.size());
     case Type::None: break;
     }
     return QCoreApplication::translate("DevicesListModel", "Ошибка");

@@ -3,6 +3,7 @@
 
 #include "model/DeviceTypeInfo.h"
 #include "model/Devices.h"
+#include "model/Settings.h"
 
 #include <QString>
 
@@ -14,6 +15,7 @@ QString getAddressString(const Model::DeviceDescriptor &descriptor, const Model:
 // By type, then by address as text of equal width.
 QString getSortString(const Model::DeviceDescriptor &descriptor, const Model::DeviceTypeInfo &type);
 QString devicePrettyPrint(const Model::DeviceDescriptor &descriptor, const Model::DeviceTypeInfo &type);
-QString getRadioString(const Model::DeviceDescriptor &descriptor);
+// The radio of the device; its index is told where the settings have two or more of that kind to choose from.
+QString getRadioString(const Model::DeviceDescriptor &descriptor, const Model::Settings &settings);
 
 } // namespace DeviceTexts

@@ -4,8 +4,10 @@
 #include "data/DeviceTexts.h"
 #include "data/JsValues.h"
 #include "link/AbstractBackendCommunicator.h"
+#include "model/VariantReading.h"
 
 #include <QSet>
+#include <limits>
 
 namespace {
 
@@ -57,6 +59,14 @@ std::vector<Model::DeviceDescriptor> descriptorsFromJSVal(const QJSValue &value)
     return descriptors;
 }
 
+// Truncated toward zero; hours beyond an int read as its end.
+int wholeHours(double hours)
+{
+    constexpr long long least = std::numeric_limits<int>::min();
+    constexpr long long largest = std::numeric_limits<int>::max();
+    return static_cast<int>(qBound(least, Model::saturated(hours), largest));
+}
+
 QSet<QUuid> uidSet(const QStringList &texts)
 {
     QSet<QUuid> uids;
@@ -75,12 +85,16 @@ DevicesListModel::DevicesListModel(AbstractBackendCommunicator &communicator, QO
     connect(&cache, &BackendDataCache::devicesTypesChanged, this, &DevicesListModel::onDeviceTypesUpdated);
     connect(&cache, &BackendDataCache::devicesStatesChanged, this, &DevicesListModel::onDeviceStatesUpdated);
     connect(&cache, &BackendDataCache::devicesModesChanged, this, &DevicesListModel::onDeviceModesUpdated);
+    connect(&cache, &BackendDataCache::settingsChanged, this, &DevicesListModel::onSettingsUpdated);
+    connect(&cache, &BackendDataCache::powerOnStatisticsChanged, this, &DevicesListModel::onDevicePowerOnInfoUpdated);
     connect(&cache, &BackendDataCache::devicesChanged, this, &DevicesListModel::onDevicesUpdated);
     connect(&communicator, &AbstractBackendCommunicator::statusChanged, this,
             [this] { onBackendConnectionStatusChanged(m_communicator.getStatus()); });
     onDeviceTypesUpdated(cache.getDeviceTypes());
     onDeviceStatesUpdated(cache.getDeviceStates());
     onDeviceModesUpdated(cache.getDeviceModes());
+    onSettingsUpdated(cache.getSettings());
+    onDevicePowerOnInfoUpdated(cache.getPowerOnStatistics());
     onDevicesUpdated(cache.getDeviceDescriptors());
 }
 
@@ -112,8 +126,8 @@ QVariant DevicesListModel::data(const QModelIndex &index, int role) const
     case RadioType: return static_cast<int>(descriptor.radioType);
     case RadioIndex: return descriptor.radioIndex;
     case IsRadioValid: return item.isRadioValid;
-    case RadioString: return DeviceTexts::getRadioString(descriptor);
-    case PowerOnHours: return static_cast<int>(item.powerOnHours);
+    case RadioString: return DeviceTexts::getRadioString(descriptor, m_settings);
+    case PowerOnHours: return wholeHours(item.powerOnInfo.powerOnHours);
     }
     return {};
 }
@@ -297,6 +311,31 @@ void DevicesListModel::onDeviceTypesUpdated(const std::vector<Model::DeviceTypeI
     announceAll({TypeInfo, PrettyString, Sort, CommonType});
 }
 
+void DevicesListModel::onSettingsUpdated(const Model::Settings &settings)
+{
+    static const QVector<int> roles{IsRadioValid};
+    m_settings = settings;
+    for (int row = 0; row < m_items.size(); ++row) {
+        auto &item = m_items.at(row);
+        const bool valid = checkRadioValidity(item.descriptor);
+        if (valid == item.isRadioValid)
+            continue;
+        item.isRadioValid = valid;
+        const auto place = index(row);
+        emit dataChanged(place, place, roles);
+    }
+    announceAll({RadioString}); // its suffix depends on the number of radios
+}
+
+void DevicesListModel::onDevicePowerOnInfoUpdated(const std::vector<Model::DevicePowerOnInfo> &infos)
+{
+    for (const auto &info : infos)
+        m_powerOnInfos.insert(info.uid, info);
+    for (auto &item : m_items)
+        item.powerOnInfo = m_powerOnInfos.value(item.descriptor.uid);
+    announceAll({PowerOnHours});
+}
+
 // A fresh connection: nothing old may be joined to what the new server sends. Rows stay until its list comes.
 void DevicesListModel::onBackendConnectionStatusChanged(int status)
 {
@@ -304,12 +343,29 @@ void DevicesListModel::onBackendConnectionStatusChanged(int status)
         return;
     m_states.clear();
     m_modes.clear();
+    m_powerOnInfos.clear();
 }
 
 const Model::DeviceTypeInfo &DevicesListModel::typeOf(const Model::DeviceDescriptor &descriptor) const
 {
     const auto type = m_types.constFind(descriptor.url);
     return type == m_types.constEnd() ? Model::DeviceTypeInfo::fallback() : *type;
+}
+
+// Whether the settings have the radio that the device names.
+bool DevicesListModel::checkRadioValidity(const Model::DeviceDescriptor &descriptor) const
+{
+    const auto isBelow = [&](std::size_t count) {
+        return descriptor.radioIndex >= 0 && static_cast<std::size_t>(descriptor.radioIndex) < count;
+    };
+    switch (descriptor.radioType) {
+    case RadioDeviceType::Mrf: return isBelow(m_settings.mrf.size());
+    case RadioDeviceType::LoRa: return isBelow(m_settings.lora.size());
+    case RadioDeviceType::Rs485: return isBelow(m_settings.rs485.size());
+    case RadioDeviceType::None:
+    case RadioDeviceType::Network: break;
+    }
+    return false;
 }
 
 DevicesListModel::Item DevicesListModel::itemOf(const Model::DeviceDescriptor &descriptor) const
@@ -322,6 +378,8 @@ DevicesListModel::Item DevicesListModel::itemOf(const Model::DeviceDescriptor &d
     item.state = state == m_states.end() ? Model::DeviceState{descriptor.uid, {}} : state->second;
     item.mode =
         mode == m_modes.end() ? Model::DeviceMode{descriptor.uid, Model::DeviceMode::Mode::Automatic} : mode->second;
+    item.powerOnInfo = m_powerOnInfos.value(descriptor.uid);
+    item.isRadioValid = checkRadioValidity(descriptor);
     item.sortString = DeviceTexts::getSortString(descriptor, type);
     item.prettyString = DeviceTexts::devicePrettyPrint(descriptor, type);
     return item;

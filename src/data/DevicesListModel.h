@@ -6,6 +6,7 @@
 #include "data/UidKeyAbstractListModel.h"
 #include "model/DeviceTypeInfo.h"
 #include "model/Devices.h"
+#include "model/Settings.h"
 
 #include <QHash>
 #include <QJSValue>
@@ -15,8 +16,9 @@
 
 class AbstractBackendCommunicator;
 
-// All configured devices: descriptors joined with types, states and modes, each of which arrives on its own and in any
-// order. What came before its device is kept for it. QML knows it as "devicesListModel".
+// All configured devices: descriptors joined with types, states, modes, run hours and the radios of the settings, each
+// of which arrives on its own and in any order. What came before its device is kept for it. QML knows it as
+// "devicesListModel".
 class DevicesListModel : public UidKeyAbstractListModel
 {
     Q_OBJECT
@@ -48,7 +50,7 @@ public:
         Model::DeviceState state;
         Model::DeviceMode mode;
         bool isRadioValid = false; // its radio is among those of the settings
-        double powerOnHours = 0.0;
+        Model::DevicePowerOnInfo powerOnInfo;
         QString sortString;
         QString prettyString;
     };
@@ -78,6 +80,8 @@ public slots:
     void onDeviceStatesUpdated(const std::vector<Model::DeviceState> &states);
     void onDeviceTypesUpdated(const std::vector<Model::DeviceTypeInfo> &types);
     void onDeviceModesUpdated(const std::vector<Model::DeviceMode> &modes);
+    void onSettingsUpdated(const Model::Settings &settings);
+    void onDevicePowerOnInfoUpdated(const std::vector<Model::DevicePowerOnInfo> &infos);
     void onBackendConnectionStatusChanged(int status);
 
 signals:
@@ -88,6 +92,7 @@ signals:
 
 private:
     const Model::DeviceTypeInfo &typeOf(const Model::DeviceDescriptor &descriptor) const;
+    bool checkRadioValidity(const Model::DeviceDescriptor &descriptor) const;
     Item itemOf(const Model::DeviceDescriptor &descriptor) const;
     void announceAll(const QVector<int> &roles);
 
@@ -96,4 +101,6 @@ private:
     QHash<QUrl, Model::DeviceTypeInfo> m_types;
     std::unordered_map<QUuid, Model::DeviceState, UidHash> m_states;
     std::unordered_map<QUuid, Model::DeviceMode, UidHash> m_modes;
+    QHash<QUuid, Model::DevicePowerOnInfo> m_powerOnInfos;
+    Model::Settings m_settings;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 class AbstractBackendCommunicator;
+class DeviceFaultsListModel;
 class DevicesListModel;
 class DeviceTypesListModel;
 class ShopPartsListModel;
@@ -18,6 +19,7 @@ struct SharedModels
     DevicesListModel *devices = nullptr;
     ShopPartsListModel *shopParts = nullptr;
     ZonesListModel *zones = nullptr;
+    DeviceFaultsListModel *deviceFaults = nullptr;
 
     static SharedModels &instance();
 };

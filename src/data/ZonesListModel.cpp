@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/ZonesListModel.h"
 
+#include "data/DeviceFaultsListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/JsValues.h"
 #include "data/SortKeys.h"
@@ -31,15 +32,17 @@ void updateSortOrders(Items &items)
 } // namespace
 
 ZonesListModel::ZonesListModel(AbstractBackendCommunicator &communicator, DevicesListModel &devices,
-                               UsersListModel &users, QObject *parent)
+                               DeviceFaultsListModel &faults, UsersListModel &users, QObject *parent)
     : UidKeyAbstractListModel(parent)
     , m_communicator(communicator)
     , m_devices(devices)
+    , m_faults(faults)
     , m_users(users)
 {
     auto &cache = communicator.getDataCache();
     connect(&cache, &BackendDataCache::zonesChanged, this, &ZonesListModel::onZonesReceived);
     connect(&cache, &BackendDataCache::shopPartsChanged, this, &ZonesListModel::onPartsReceived);
+    connect(&cache, &BackendDataCache::schedulesChanged, this, &ZonesListModel::onSchedulesReceived);
     // Users and zones come in any order, so the rights that came last choose anew among the last list.
     connect(&users, &UsersListModel::currentUserChanged, this,
             [this] { onZonesReceived(m_communicator.getDataCache().getZones()); });
@@ -51,7 +54,10 @@ ZonesListModel::ZonesListModel(AbstractBackendCommunicator &communicator, Device
         onDeviceModesUpdated();
         onDeviceStatesUpdated();
     });
+    connect(&faults, &DeviceFaultsListModel::deviceFaultsUpdated, this, &ZonesListModel::onDeviceFaultsUpdated);
     onPartsReceived(cache.getShopParts());
+    onSchedulesReceived(cache.getScheduleDays());
+    onDeviceFaultsUpdated();
     onZonesReceived(cache.getZones());
 }
 
@@ -189,6 +195,8 @@ void ZonesListModel::onZonesReceived(const std::vector<Model::Zone> &zones)
         ZoneModelItem item;
         item.zone = zone;
         item.partName = m_parts.value(zone.partUid).name;
+        item.scheduleNames = m_scheduleNames.value(zone.uid);
+        item.erroredDevicesCount = m_erroredDevices.value(zone.uid);
         items.push_back(std::move(item));
     }
     updateSortOrders(items);
@@ -211,6 +219,26 @@ void ZonesListModel::onPartsReceived(const std::vector<Model::ShopPart> &parts)
         item.partName = m_parts.value(item.zone.partUid).name;
     updateSortOrders(m_items);
     emit dataChanged(index(0), index(rowCount() - 1), {PartName, Sort});
+}
+
+void ZonesListModel::onSchedulesReceived(const std::vector<Model::ScheduleDay> &days)
+{
+    m_scheduleNames.clear();
+    for (const auto &day : days) {
+        for (const auto &zone : day.zones) {
+            auto &names = m_scheduleNames[zone];
+            if (!names.contains(day.name))
+                names.append(day.name);
+        }
+    }
+    for (int row = 0; row < m_items.size(); ++row) {
+        auto &item = m_items.at(row);
+        auto names = m_scheduleNames.value(item.zone.uid);
+        if (names == item.scheduleNames)
+            continue;
+        item.scheduleNames = std::move(names);
+        announceRow(row, ScheduleName);
+    }
 }
 
 // Nothing of a zone depends on the types of its devices.
@@ -255,6 +283,23 @@ void ZonesListModel::onDeviceModesUpdated()
             continue;
         item.manual = manual;
         announceRow(row, Manual);
+    }
+}
+
+void ZonesListModel::onDeviceFaultsUpdated()
+{
+    m_erroredDevices.clear();
+    for (const auto &device : m_faults.rows()) {
+        if (device.fault.errorCount > DeviceFaultsListModel::toleratedErrors)
+            ++m_erroredDevices[device.zoneUid];
+    }
+    for (int row = 0; row < m_items.size(); ++row) {
+        auto &item = m_items.at(row);
+        const int count = m_erroredDevices.value(item.zone.uid);
+        if (count == item.erroredDevicesCount)
+            continue;
+        item.erroredDevicesCount = count;
+        announceRow(row, ErroredDevicesCount);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "data/Rows.h"
 #include "data/UidKeyAbstractListModel.h"
+#include "model/Schedule.h"
 #include "model/Site.h"
 
 #include <QHash>
@@ -11,11 +12,13 @@
 #include <QStringList>
 
 class AbstractBackendCommunicator;
+class DeviceFaultsListModel;
 class DevicesListModel;
 class UsersListModel;
 
-// The zones that the current user may see, each with what is derived for it: the name of its part, whether a device of
-// it is driven by hand, and the mean power. QML knows it as "zonesListModel".
+// The zones that the current user may see, each with what is derived for it: the name of its part, the schedules that
+// drive it, whether a device of it is driven by hand, the mean power, and how many devices do not answer. QML knows it
+// as "zonesListModel".
 class ZonesListModel : public UidKeyAbstractListModel
 {
     Q_OBJECT
@@ -48,8 +51,8 @@ public:
         QString sort;
     };
 
-    ZonesListModel(AbstractBackendCommunicator &communicator, DevicesListModel &devices, UsersListModel &users,
-                   QObject *parent = nullptr);
+    ZonesListModel(AbstractBackendCommunicator &communicator, DevicesListModel &devices, DeviceFaultsListModel &faults,
+                   UsersListModel &users, QObject *parent = nullptr);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -65,9 +68,11 @@ public:
 public slots:
     void onZonesReceived(const std::vector<Model::Zone> &zones);
     void onPartsReceived(const std::vector<Model::ShopPart> &parts);
+    void onSchedulesReceived(const std::vector<Model::ScheduleDay> &days);
     void onDeviceTypesUpdated();
     void onDeviceStatesUpdated();
     void onDeviceModesUpdated();
+    void onDeviceFaultsUpdated();
 
 private:
     struct PowerInfo
@@ -82,9 +87,12 @@ private:
 
     AbstractBackendCommunicator &m_communicator;
     DevicesListModel &m_devices;
+    DeviceFaultsListModel &m_faults;
     UsersListModel &m_users;
     Rows<ZoneModelItem> m_items;
     QHash<QUuid, PowerInfo> m_powers; // by zone
+    QHash<QUuid, QStringList> m_scheduleNames; // by zone
+    QHash<QUuid, int> m_erroredDevices; // by zone
     QHash<QUuid, Model::ShopPart> m_parts;
     QSet<QUuid> m_manualZones;
 };

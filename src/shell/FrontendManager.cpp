@@ -30,8 +30,9 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     , m_usersListModel(*m_communicator, this)
     , m_deviceTypesListModel(*m_communicator, this)
     , m_devicesListModel(*m_communicator, this)
+    , m_deviceFaultsListModel(*m_communicator, m_devicesListModel, this)
     , m_shopPartsListModel(*m_communicator, m_usersListModel, this)
-    , m_zonesListModel(*m_communicator, m_devicesListModel, m_usersListModel, this)
+    , m_zonesListModel(*m_communicator, m_devicesListModel, m_deviceFaultsListModel, m_usersListModel, this)
     , m_serverTimeController(*m_communicator, this)
     , m_connectionsListModel(*m_communicator, m_permissionsManager, this)
 {
@@ -60,8 +61,8 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     changeTranslator(Startup::translatorForLocale(QStringLiteral("frontend"), locale));
 
     currentInstance = this;
-    SharedModels::instance() = {m_communicator.get(), &m_usersListModel,     &m_deviceTypesListModel,
-                                &m_devicesListModel,  &m_shopPartsListModel, &m_zonesListModel};
+    SharedModels::instance() = {m_communicator.get(),  &m_usersListModel, &m_deviceTypesListModel, &m_devicesListModel,
+                                &m_shopPartsListModel, &m_zonesListModel, &m_deviceFaultsListModel};
     QQmlFileSelector::get(&m_engine)->setExtraSelectors({QStringLiteral("qt515")});
     registerQmlTypes();
     setContextProperties();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "data/DeviceFaultsListModel.h"
 #include "data/DeviceTypesListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/ServerTimeController.h"
@@ -71,6 +72,7 @@ private:
     UsersListModel m_usersListModel;
     DeviceTypesListModel m_deviceTypesListModel;
     DevicesListModel m_devicesListModel;
+    DeviceFaultsListModel m_deviceFaultsListModel;
     ShopPartsListModel m_shopPartsListModel;
     ZonesListModel m_zonesListModel;
     ServerTimeController m_serverTimeController;

@@ -115,25 +115,48 @@ private slots:
     void namesTheRadio_data()
     {
         QTest::addColumn<int>("radioType");
+        QTest::addColumn<int>("count"); // of the radios of each kind in the settings
         QTest::addColumn<QString>("expected");
 
-        QTest::newRow("none") << 0 << "Ошибка";
-        QTest::newRow("mrf") << 1 << "MRF";
-        QTest::newRow("network") << 2 << "Network device-3";
-        QTest::newRow("lora") << 3 << "LoRa";
-        QTest::newRow("rs485") << 4 << "RS485";
-        QTest::newRow("beyond") << 5 << "Ошибка";
-        QTest::newRow("negative") << -1 << "Ошибка";
+        QTest::newRow("none") << 0 << 2 << "Ошибка";
+        QTest::newRow("mrf, not in the settings") << 1 << 0 << "MRF";
+        QTest::newRow("the only mrf") << 1 << 1 << "MRF";
+        QTest::newRow("one of two mrf") << 1 << 2 << "MRF-3";
+        QTest::newRow("network") << 2 << 0 << "Network device-3";
+        QTest::newRow("network beside others") << 2 << 2 << "Network device-3";
+        QTest::newRow("the only lora") << 3 << 1 << "LoRa";
+        QTest::newRow("one of two lora") << 3 << 2 << "LoRa-3";
+        QTest::newRow("the only rs485") << 4 << 1 << "RS485";
+        QTest::newRow("one of three rs485") << 4 << 3 << "RS485-3";
+        QTest::newRow("beyond") << 5 << 2 << "Ошибка";
+        QTest::newRow("negative") << -1 << 2 << "Ошибка";
     }
 
     void namesTheRadio()
     {
         QFETCH(int, radioType);
+        QFETCH(int, count);
         auto descriptor = device(1);
         descriptor.radioType = static_cast<Model::RadioStatus::DeviceType>(radioType);
         descriptor.radioIndex = 3;
+        Model::Settings settings;
+        settings.mrf.resize(static_cast<std::size_t>(count));
+        settings.lora.resize(static_cast<std::size_t>(count));
+        settings.rs485.resize(static_cast<std::size_t>(count));
 
-        QTEST(DeviceTexts::getRadioString(descriptor), "expected");
+        QTEST(DeviceTexts::getRadioString(descriptor, settings), "expected");
+    }
+
+    void onlyRadiosOfItsKindGiveTheIndex()
+    {
+        auto descriptor = device(1);
+        descriptor.radioType = Model::RadioStatus::DeviceType::Mrf;
+        descriptor.radioIndex = 0;
+        Model::Settings settings;
+        settings.mrf.resize(1);
+        settings.lora.resize(5);
+
+        QCOMPARE(DeviceTexts::getRadioString(descriptor, settings), QString("MRF"));
     }
 };
 

@@ -3,6 +3,7 @@
 #include "Records.h"
 #include "ScriptTools.h"
 #include "SignalLog.h"
+#include "data/DeviceFaultsListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/UsersListModel.h"
 #include "support/FakeCommunicator.h"
@@ -24,12 +25,14 @@ struct Site
     Site()
         : users(link)
         , devices(link)
-        , zones(link, devices, users)
+        , faults(link, devices)
+        , zones(link, devices, faults, users)
     {}
 
     FakeCommunicator link;
     UsersListModel users;
     DevicesListModel devices;
+    DeviceFaultsListModel faults;
     ZonesListModel zones;
 };
 
@@ -293,7 +296,7 @@ private slots:
         site.link.publishDevices({device(11, 1)});
         site.link.publishDeviceStates({state(11, {{"power", 40}})});
 
-        const ZonesListModel late(site.link, site.devices, site.users);
+        const ZonesListModel late(site.link, site.devices, site.faults, site.users);
 
         QCOMPARE(column(late, Role::PartName), QStringList({"Floor"}));
         QCOMPARE(column(late, Role::Power), QStringList({"40"}));
@@ -526,11 +529,12 @@ private slots:
         FakeCommunicator link;
         UsersListModel users(link);
         DevicesListModel devices(link);
+        DeviceFaultsListModel faults(link, devices);
         QJSEngine engine;
         engine.evaluate("calls = 0");
         const auto callback = engine.evaluate("(function() { calls += 1; })");
         {
-            ZonesListModel zones(link, devices, users);
+            ZonesListModel zones(link, devices, faults, users);
             zones.addZone(engine.evaluate("({})"), callback);
             link.uidsCallback({uid(1)});
         }

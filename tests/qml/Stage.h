@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "data/DeviceFaultsListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/ErrorsListModel.h"
 #include "data/ServerTimeController.h"
@@ -62,8 +63,9 @@ public:
     RuntimePermissionsManager permissions;
     UsersListModel users{link};
     DevicesListModel devices{link};
+    DeviceFaultsListModel faults{link, devices};
     ShopPartsListModel parts{link, users};
-    ZonesListModel zones{link, devices, users};
+    ZonesListModel zones{link, devices, faults, users};
     ShopController shop{link};
     ServerTimeController time{link};
     VersionController version;

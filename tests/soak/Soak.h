@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "data/DeviceFaultsListModel.h"
 #include "data/DeviceTypesListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/ShopPartsListModel.h"
@@ -37,8 +38,9 @@ private:
         UsersListModel users{link};
         DeviceTypesListModel types{link};
         DevicesListModel devices{link};
+        DeviceFaultsListModel faults{link, devices};
         ShopPartsListModel parts{link, users};
-        ZonesListModel zones{link, devices, users};
+        ZonesListModel zones{link, devices, faults, users};
     };
 
     ServerThread m_server;
