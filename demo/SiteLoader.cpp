@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/SiteLoader.h"
 
+#include "demo/SiteObjects.h"
+
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -10,12 +12,6 @@
 #include <algorithm>
 #include <cmath>
 
-// Outside of any namespace: the resource of a static library is linked only when it is asked for.
-static void initSiteResource()
-{
-    Q_INIT_RESOURCE(demo_site);
-}
-
 namespace Demo {
 
 namespace {
@@ -23,6 +19,7 @@ namespace {
 const char formatName[] = "ondira-demo-site";
 constexpr int formatVersion = 1;
 constexpr int mostAddress = 65535;
+constexpr int mostObjectCopies = 16; // of buttons and indicators: a site of ten thousand lamps has not more to press
 
 // Reads the fields of one object and keeps the first complaint.
 class FieldReader
@@ -253,6 +250,8 @@ SiteData readSite(const QJsonObject &object, QString &error)
             device.complain("url", "a known device type");
         site.devices.push_back(record);
     });
+    if (error.isEmpty())
+        SiteObjects::read(object, site, error);
     return site;
 }
 
@@ -296,6 +295,21 @@ QUuid copyOf(const QUuid &uid, int copy)
     return QUuid::createUuidV5(uid, QByteArray::number(copy));
 }
 
+// What showed or counted for a device that was cut off.
+void forgetMissingDevices(SiteData &site)
+{
+    QSet<QUuid> left;
+    for (const auto &device : site.devices)
+        left.insert(device.descriptor.uid);
+    for (auto &indicator : site.indicators) {
+        auto &shown = indicator.indicator.displayValue;
+        if (shown && !left.contains(shown->device))
+            shown = boost::none;
+    }
+    for (auto it = site.powerOn.begin(); it != site.powerOn.end();)
+        it = left.contains(it.key()) ? std::next(it) : site.powerOn.erase(it);
+}
+
 } // namespace
 
 boost::optional<SiteData> SiteLoader::fromJson(const QByteArray &json, QString *error)
@@ -330,7 +344,7 @@ boost::optional<SiteData> SiteLoader::fromFile(const QString &path, QString *err
 
 SiteData SiteLoader::builtIn()
 {
-    initSiteResource();
+    SiteObjects::initResources();
     QString error;
     const auto site = fromFile(QStringLiteral(":/demo/site.json"), &error);
     if (!site)
@@ -369,11 +383,12 @@ QByteArray SiteLoader::toJson(const SiteData &site)
     QJsonArray devices;
     for (const auto &device : site.devices)
         devices.append(deviceToJson(device));
-    const QJsonObject object{
+    QJsonObject object{
         {"format", formatName}, {"version", formatVersion},  {"uid", site.uid.toString()},
         {"name", site.name},    {"timezone", site.timezone}, {"com_ports", QJsonArray::fromStringList(site.comPorts)},
         {"users", users},       {"device_types", types},     {"parts", parts},
         {"zones", zones},       {"devices", devices}};
+    SiteObjects::write(site, object);
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
@@ -402,9 +417,13 @@ SiteData SiteLoader::scaled(const SiteData &site, int copies, int devices)
                 device.descriptor.address = (device.descriptor.address + (copy - 1) * step - 1) % mostAddress + 1;
             result.devices.push_back(device);
         }
+        if (copy <= mostObjectCopies)
+            SiteObjects::addCopies(site, copy, copyOf, result);
     }
-    if (static_cast<int>(result.devices.size()) > devices)
+    if (static_cast<int>(result.devices.size()) > devices) {
         result.devices.erase(result.devices.begin() + devices, result.devices.end());
+        forgetMissingDevices(result);
+    }
     return result;
 }
 
