@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/BlueprintEvaluation.h"
 
-#include "model/StandardBlueprints.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -21,20 +19,39 @@ QString valueKey()
     return QStringLiteral("value");
 }
 
-double number(Evaluation &evaluation, const Node &node, const char *name)
-{
-    const double number = evaluation.input(node, QLatin1String(name)).toDouble();
-    return std::isfinite(number) ? number : 0;
-}
-
-bool flag(Evaluation &evaluation, const Node &node, const char *name)
-{
-    return evaluation.input(node, QLatin1String(name)).toBool();
-}
+using Numbers = std::vector<double>;
 
 Datatype finite(double number)
 {
     return Datatype(std::isfinite(number) ? number : 0.0);
+}
+
+Datatype finite(bool flag)
+{
+    return Datatype(flag);
+}
+
+// Worked out from numbers; nothing, where one of them is missing.
+template <typename Work>
+Datatype fromNumbers(Evaluation &evaluation, const Node &node, std::initializer_list<const char *> names, Work work)
+{
+    Numbers numbers;
+    for (const auto *name : names) {
+        const auto value = evaluation.input(node, QLatin1String(name));
+        if (value.isVoid())
+            return {};
+        const double number = value.toDouble();
+        numbers.push_back(std::isfinite(number) ? number : 0);
+    }
+    return finite(work(numbers));
+}
+
+template <typename Work>
+Datatype fromFlags(Evaluation &evaluation, const Node &node, Work work)
+{
+    const auto a = evaluation.input(node, QStringLiteral("a"));
+    const auto b = evaluation.input(node, QStringLiteral("b"));
+    return a.isVoid() || b.isVoid() ? Datatype() : Datatype(bool(work(a.toBool(), b.toBool())));
 }
 
 // A constant, of which each type has a node; a wire overrides it.
@@ -45,23 +62,23 @@ Datatype constant(Evaluation &evaluation, const Node &node)
 
 Datatype add(Evaluation &evaluation, const Node &node)
 {
-    return finite(number(evaluation, node, "a") + number(evaluation, node, "b"));
+    return fromNumbers(evaluation, node, {"a", "b"}, [](const Numbers &n) { return n[0] + n[1]; });
 }
 
 Datatype subtract(Evaluation &evaluation, const Node &node)
 {
-    return finite(number(evaluation, node, "a") - number(evaluation, node, "b"));
+    return fromNumbers(evaluation, node, {"a", "b"}, [](const Numbers &n) { return n[0] - n[1]; });
 }
 
 Datatype multiply(Evaluation &evaluation, const Node &node)
 {
-    return finite(number(evaluation, node, "a") * number(evaluation, node, "b"));
+    return fromNumbers(evaluation, node, {"a", "b"}, [](const Numbers &n) { return n[0] * n[1]; });
 }
 
 Datatype divide(Evaluation &evaluation, const Node &node)
 {
-    const double divisor = number(evaluation, node, "b");
-    return finite(std::abs(divisor) > 0 ? number(evaluation, node, "a") / divisor : 0);
+    return fromNumbers(evaluation, node, {"a", "b"},
+                       [](const Numbers &n) { return std::abs(n[1]) > 0 ? n[0] / n[1] : 0.0; });
 }
 
 double limited(double value, double least, double most)
@@ -71,29 +88,28 @@ double limited(double value, double least, double most)
 
 Datatype limit(Evaluation &evaluation, const Node &node)
 {
-    return finite(
-        limited(number(evaluation, node, "value"), number(evaluation, node, "min"), number(evaluation, node, "max")));
+    return fromNumbers(evaluation, node, {"value", "min", "max"},
+                       [](const Numbers &n) { return limited(n[0], n[1], n[2]); });
 }
 
 // From one range into another; what lies outside stays at its end.
 Datatype scale(Evaluation &evaluation, const Node &node)
 {
-    const double from = number(evaluation, node, "from_min");
-    const double width = number(evaluation, node, "from_max") - from;
-    const double least = number(evaluation, node, "to_min");
-    const double value = number(evaluation, node, "value");
-    const double share = std::abs(width) > 0 ? limited((value - from) / width, 0, 1) : (value < from ? 0.0 : 1.0);
-    return finite(least + share * (number(evaluation, node, "to_max") - least));
+    return fromNumbers(evaluation, node, {"value", "from_min", "from_max", "to_min", "to_max"}, [](const Numbers &n) {
+        const double width = n[2] - n[1];
+        const double share = std::abs(width) > 0 ? limited((n[0] - n[1]) / width, 0, 1) : (n[0] < n[1] ? 0.0 : 1.0);
+        return n[3] + share * (n[4] - n[3]);
+    });
 }
 
 Datatype less(Evaluation &evaluation, const Node &node)
 {
-    return Datatype(number(evaluation, node, "a") < number(evaluation, node, "b"));
+    return fromNumbers(evaluation, node, {"a", "b"}, [](const Numbers &n) { return n[0] < n[1]; });
 }
 
 Datatype greater(Evaluation &evaluation, const Node &node)
 {
-    return Datatype(number(evaluation, node, "a") > number(evaluation, node, "b"));
+    return fromNumbers(evaluation, node, {"a", "b"}, [](const Numbers &n) { return n[0] > n[1]; });
 }
 
 // Texts are compared as such when one of the two is a text.
@@ -101,38 +117,43 @@ Datatype equal(Evaluation &evaluation, const Node &node)
 {
     const auto a = evaluation.input(node, QStringLiteral("a"));
     const auto b = evaluation.input(node, QStringLiteral("b"));
+    if (a.isVoid() || b.isVoid())
+        return {};
     if (a.type() == Datatype::Type::String || b.type() == Datatype::Type::String)
         return Datatype(a.toString() == b.toString());
     if (a.type() == Datatype::Type::Entity && b.type() == Datatype::Type::Entity)
         return Datatype(a.toEntity().uid == b.toEntity().uid);
-    return Datatype(qFuzzyCompare(1 + a.toDouble(), 1 + b.toDouble()));
+    return Datatype(std::abs(a.toDouble() - b.toDouble()) < 1e-9);
 }
 
 Datatype between(Evaluation &evaluation, const Node &node)
 {
-    const double value = number(evaluation, node, "value");
-    return Datatype(value >= number(evaluation, node, "min") && value <= number(evaluation, node, "max"));
+    return fromNumbers(evaluation, node, {"value", "min", "max"},
+                       [](const Numbers &n) { return n[0] >= n[1] && n[0] <= n[2]; });
 }
 
 Datatype logicalAnd(Evaluation &evaluation, const Node &node)
 {
-    return Datatype(flag(evaluation, node, "a") && flag(evaluation, node, "b"));
+    return fromFlags(evaluation, node, [](bool a, bool b) { return a && b; });
 }
 
 Datatype logicalOr(Evaluation &evaluation, const Node &node)
 {
-    return Datatype(flag(evaluation, node, "a") || flag(evaluation, node, "b"));
+    return fromFlags(evaluation, node, [](bool a, bool b) { return a || b; });
 }
 
 Datatype logicalNot(Evaluation &evaluation, const Node &node)
 {
-    return Datatype(!flag(evaluation, node, "value"));
+    const auto value = evaluation.input(node, valueKey());
+    return value.isVoid() ? Datatype() : Datatype(!value.toBool());
 }
 
 Datatype select(Evaluation &evaluation, const Node &node)
 {
-    return evaluation.input(node,
-                            flag(evaluation, node, "condition") ? QStringLiteral("then") : QStringLiteral("else"));
+    const auto condition = evaluation.input(node, QStringLiteral("condition"));
+    if (condition.isVoid())
+        return {};
+    return evaluation.input(node, condition.toBool() ? QStringLiteral("then") : QStringLiteral("else"));
 }
 
 Datatype minuteOfDay(Evaluation &evaluation, const Node &)
@@ -250,7 +271,7 @@ BlueprintEvaluation::Function BlueprintEvaluation::function(const QString &nodeT
 
 Datatype BlueprintEvaluation::property(const Node &node, const QString &name) const
 {
-    const auto *property = static_cast<const Node &>(node).property(name);
+    const auto *property = node.property(name);
     if (property && property->exposed) {
         const auto *given = m_instance.property(property->globalName);
         if (!given)
@@ -268,11 +289,19 @@ Datatype BlueprintEvaluation::property(const Node &node, const QString &name) co
     return {};
 }
 
+bool BlueprintEvaluation::isConnected(const Node &node, const QString &name)
+{
+    const auto *input = node.input(name);
+    return input && input->isConnected();
+}
+
+// A wire that leads nowhere gives nothing, rather than what the property would.
 Datatype BlueprintEvaluation::input(const Node &node, const QString &name)
 {
-    const auto *input = static_cast<const Node &>(node).input(name);
-    const auto *source = input && input->isConnected() ? m_nodes.value(input->connectionNode) : nullptr;
-    return source ? value(*source) : property(node, name);
+    if (!isConnected(node, name))
+        return property(node, name);
+    const auto *source = m_nodes.value(node.input(name)->connectionNode);
+    return source ? value(*source) : Datatype();
 }
 
 Datatype BlueprintEvaluation::value(const Node &node)

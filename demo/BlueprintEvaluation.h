@@ -20,6 +20,7 @@ public:
                         const Model::ActionBlueprintInstance &instance);
 
     // What an input gets: from its wire, or else the property of that name. Void where nothing comes.
+    static bool isConnected(const Model::NodeInstance &node, const QString &name);
     Datatype input(const Model::NodeInstance &node, const QString &name);
     Datatype property(const Model::NodeInstance &node, const QString &name) const;
 

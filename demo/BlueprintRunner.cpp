@@ -45,11 +45,11 @@ bool isNumber(const Datatype &value)
     return value.type() == Type::Integer || value.type() == Type::Double || value.type() == Type::Bool;
 }
 
-// A condition to which nothing leads holds.
+// Without a condition it is.
 bool isWanted(BlueprintEvaluation &evaluation, const Model::NodeInstance &node)
 {
-    const auto condition = evaluation.input(node, QStringLiteral("condition"));
-    return condition.isVoid() || condition.toBool();
+    const auto name = QStringLiteral("condition");
+    return !BlueprintEvaluation::isConnected(node, name) || evaluation.input(node, name).toBool();
 }
 
 void setPower(DemoSite &site, BlueprintEvaluation &evaluation, const Model::NodeInstance &node)

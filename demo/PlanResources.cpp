@@ -260,14 +260,17 @@ public:
         return 0;
     }
 
-    QString text(const char *key) { return QString::fromUtf8(entry(key)); }
+    QString text(const char *key)
+    {
+        if (!m_message.get(key))
+            complain(key);
+        return QString::fromUtf8(entry(key));
+    }
 
 private:
-    QByteArray entry(const char *key)
+    QByteArray entry(const char *key) const
     {
         const auto *value = m_message.get(key);
-        if (!value)
-            complain(key);
         return value ? *value : QByteArray();
     }
 

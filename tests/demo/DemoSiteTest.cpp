@@ -145,8 +145,10 @@ void DemoSiteTest::resetAnnouncesEveryList()
     site.reset();
 
     QCOMPARE(listsOf(changed),
-             (QList<List>{List::DeviceModes, List::DeviceStates, List::DeviceTypes, List::Devices, List::ShopParts,
-                          List::Users, List::Zones}));
+             (QList<List>{List::ActionNodes, List::Blueprints, List::Buttons, List::ButtonStates, List::DeviceModes,
+                          List::DeviceStates, List::DeviceTypes, List::Devices, List::ImageItems, List::IndicatorStates,
+                          List::Indicators, List::PowerOnStatistics, List::Schedules, List::Settings, List::ShopParts,
+                          List::Users, List::View3DItems, List::Zones}));
     QVERIFY(site.part(QUuid(hall)));
     QVERIFY(site.zone(QUuid(door)));
     QVERIFY(site.device(QUuid(contactor)));

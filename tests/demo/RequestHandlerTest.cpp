@@ -373,8 +373,8 @@ void RequestHandlerTest::uploadOfUnknownTopicIsAnError()
 {
     Desk desk;
 
-    QCOMPARE(codes(desk.upload("image_items", "x")), QStringList("unknown_resource_error"));
-    QCOMPARE(codes(desk.upload("image_items", "x", "stranger")), QStringList("auth_needed"));
+    QCOMPARE(codes(desk.upload("weather", "x")), QStringList("unknown_resource_error"));
+    QCOMPARE(codes(desk.upload("weather", "x", "stranger")), QStringList("auth_needed"));
 }
 
 void RequestHandlerTest::truncatedUploadIsAnError()

@@ -18,9 +18,16 @@ extern const char lamp[]; // automatic, 40 %
 extern const char manualLamp[]; // 60 %
 extern const char sensor[]; // of light
 extern const char contactor[]; // 0 %
+extern const char button[]; // a toggle button: 70 % in both zones
+extern const char indicator[]; // shows what the sensor measures
+extern const char picture[];
+extern const char mesh[];
+extern const char schedule[]; // on weekdays at 8 the till to 80 %, at 20 the door to 5 %
+extern const char blueprint[]; // twice the power that "half" tells
 extern const char nobody[]; // a uid that the site does not have
 
-Demo::SiteData data();
+Demo::SiteData data(); // plans, zones, devices and users
+Demo::SiteData fullData(); // and one of everything else
 
 // A request document.
 QByteArray document(const QByteArray &method, const QByteArray &link, const QByteArray &data = "[]",
@@ -30,7 +37,7 @@ QByteArray loginDocument(const QByteArray &login, const QByteArray &password);
 class Desk
 {
 public:
-    Desk();
+    explicit Desk(const Demo::SiteData &given = data());
 
     // The reply document to a request document, sent unpacked.
     QJsonObject ask(const QByteArray &document, const QByteArray &connection = "admin");
@@ -38,6 +45,7 @@ public:
     QJsonObject remove(const QByteArray &link, const QByteArray &data);
     QJsonObject get(const QByteArray &link);
     QJsonObject upload(const QByteArray &topic, const QByteArray &data, const QByteArray &connection = "admin");
+    QJsonObject send(const ZmqBinaryMessage &message, const QByteArray &connection = "admin", bool isPacked = false);
     ZmqBinaryMessage getFile(const QByteArray &link);
 
     Demo::DemoSite site;

@@ -484,8 +484,6 @@ void SiteResourcesTest::refusesInstance_data()
 
     const auto zones = listOf({quoted(till)});
     QTest::newRow("unknown blueprint") << instance(nobody, zones) << "unknown_blueprint_error";
-    QTest::newRow("a blueprint of sensors")
-        << instance("{00000ec0-0001-0000-0000-000000000001}", zones) << "unknown_blueprint_error";
     QTest::newRow("unknown zone") << instance(setManual, listOf({quoted(nobody)})) << "unknown_uid_error";
     QTest::newRow("zone is a word") << instance(setManual, R"(["till"])") << "invalid_data_error";
     QTest::newRow("zones is a text") << instance(setManual, quoted(till)) << "invalid_data_error";
