@@ -221,6 +221,25 @@
     </message>
 </context>
 <context>
+    <name>RadioDevicesListModel</name>
+    <message>
+        <source>MRF: %2 Ch: %3</source>
+        <translation>MRF: %2 Ch: %3</translation>
+    </message>
+    <message>
+        <source>LoRa %1: %2 F: %3 SF: %4</source>
+        <translation>LoRa %1: %2 F: %3 SF: %4</translation>
+    </message>
+    <message>
+        <source>RS485 %1 (%2): %3 SPD: %4</source>
+        <translation>RS485 %1 (%2): %3 SPD: %4</translation>
+    </message>
+    <message>
+        <source>Выкл</source>
+        <translation>Off</translation>
+    </message>
+</context>
+<context>
     <name>ScaleSlider</name>
     <message>
         <source>Масштаб -10%</source>
