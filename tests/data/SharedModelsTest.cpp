@@ -13,7 +13,7 @@ private slots:
         auto &shared = SharedModels::instance();
 
         QVERIFY(!shared.communicator && !shared.users && !shared.deviceTypes && !shared.devices && !shared.shopParts
-                && !shared.zones);
+                && !shared.zones && !shared.deviceFaults);
     }
 
     void isOneForTheProgram()

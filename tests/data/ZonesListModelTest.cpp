@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/ZonesListModel.h"
+#include "MirrorList.h"
 #include "Records.h"
 #include "ScriptTools.h"
 #include "SignalLog.h"
 #include "data/DeviceFaultsListModel.h"
 #include "data/DevicesListModel.h"
+#include "data/ShopPartsListModel.h"
 #include "data/UsersListModel.h"
 #include "support/FakeCommunicator.h"
 #include "support/TestBase.h"
 
 #include <QAbstractItemModelTester>
 #include <QJSEngine>
+#include <QRandomGenerator>
+#include <QVersionNumber>
 #include <QtNumeric>
 #include <algorithm>
 #include <numeric>
@@ -42,6 +46,22 @@ Model::Zone placed(uint n, uint part, double x, double y, double width, double h
     record.position = {x, y};
     record.width = width;
     record.height = height;
+    return record;
+}
+
+Model::ScheduleDay day(uint n, const QString &name, const QSet<QUuid> &zones)
+{
+    Model::ScheduleDay record;
+    record.uid = uid(n);
+    record.name = name;
+    record.zones = zones;
+    return record;
+}
+
+Model::DeviceDescriptor polled(uint n, uint zone)
+{
+    auto record = device(n, zone);
+    record.data = {{"pollingInterval", 1000}};
     return record;
 }
 
@@ -246,6 +266,178 @@ private slots:
         site.link.publishDeviceModes({automatic(12), manual(13)});
         QCOMPARE(log.take(), QStringList({"changed 0-0: 267", "changed 1-1: 267"}));
         QCOMPARE(column(site.zones, Role::Manual), QStringList({"false", "true"}));
+    }
+
+    void schedulesNameTheZonesThatTheyDrive()
+    {
+        Site site;
+        site.link.publishZones({zone(1), zone(2), zone(3)});
+        QAbstractItemModelTester tester(&site.zones, QAbstractItemModelTester::FailureReportingMode::Warning);
+        SignalLog log(site.zones);
+
+        site.link.publishSchedules({day(21, "Work", {uid(1), uid(3)}), day(22, "Rest", {uid(3), uid(9)}),
+                                    day(23, "Work", {uid(3)}), day(24, "Idle", {})});
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 259", "changed 2-2: 259"}));
+        QCOMPARE(value(site.zones, 0, Role::ScheduleName).toStringList(), QStringList({"Work"}));
+        QCOMPARE(value(site.zones, 1, Role::ScheduleName).toStringList(), QStringList());
+        QCOMPARE(value(site.zones, 2, Role::ScheduleName).toStringList(), QStringList({"Work", "Rest"}));
+        site.link.publishSchedules({day(22, "Rest", {uid(3)}), day(21, "Work", {uid(1), uid(3)})});
+        QCOMPARE(log.take(), QStringList({"changed 2-2: 259"}));
+        QCOMPARE(value(site.zones, 2, Role::ScheduleName).toStringList(), QStringList({"Rest", "Work"}));
+        site.link.publishSchedules({});
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 259", "changed 2-2: 259"}));
+    }
+
+    void schedulesMayComeBeforeTheZones()
+    {
+        Site site;
+        site.link.publishSchedules({day(21, "Work", {uid(2)})});
+
+        site.link.publishZones({zone(1), zone(2)});
+
+        QCOMPARE(value(site.zones, 0, Role::ScheduleName).toStringList(), QStringList());
+        QCOMPARE(value(site.zones, 1, Role::ScheduleName).toStringList(), QStringList({"Work"}));
+    }
+
+    void fiveErrorsAreToleratedAndASixthIsNot()
+    {
+        Site site;
+        site.link.publishZones({zone(1), zone(2)});
+        site.link.publishDevices({polled(11, 2), polled(12, 2), device(13, 2)});
+        QAbstractItemModelTester tester(&site.zones, QAbstractItemModelTester::FailureReportingMode::Warning);
+        SignalLog log(site.zones);
+
+        site.link.publishDeviceStates({state(11, {{"errors", 5}}), state(13, {{"errors", 50}})});
+        QCOMPARE(log.take(), QStringList());
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"0", "0"}));
+        site.link.publishDeviceStates({state(11, {{"errors", 6}})});
+        QCOMPARE(log.take(), QStringList({"changed 1-1: 269"}));
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"0", "1"}));
+        site.link.publishDeviceStates({state(12, {{"errors", 7}})});
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"0", "2"}));
+        site.link.publishDeviceStates({state(11, {{"errors", 0}}), state(12, {})});
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"0", "0"}));
+    }
+
+    void faultyDevicesMoveWithTheirZone()
+    {
+        Site site;
+        site.link.publishDeviceStates({state(11, {{"errors", 6}})});
+        site.link.publishDevices({polled(11, 1)});
+        site.link.publishZones({zone(1), zone(2)});
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"1", "0"}));
+
+        site.link.publishDevices({polled(11, 2)});
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"0", "1"}));
+        site.link.publishZones({zone(1), zone(2)});
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"0", "1"}));
+        site.link.publishDevices({});
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"0", "0"}));
+    }
+
+    void aListOfRightsNamesZonesAndTheirPart_data()
+    {
+        QTest::addColumn<bool>("usersFirst");
+
+        QTest::newRow("rights before the lists") << true;
+        QTest::newRow("rights after the lists") << false;
+    }
+
+    void aListOfRightsNamesZonesAndTheirPart()
+    {
+        QFETCH(bool, usersFirst);
+        Site site;
+        ShopPartsListModel parts(site.link, site.users);
+        const auto rights = limitedUser("anna", {uid(1), uid(2), uid(31)});
+        site.link.logIn("anna", "user");
+        if (usersFirst)
+            site.link.publishUsers({user("admin", "admin"), rights});
+
+        site.link.publishShopParts({part(31, "Hall"), part(32, "Roof")});
+        site.link.publishZones({zone(1, "a", 31), zone(2, "b", 31), zone(3, "c", 31), zone(4, "d", 32)});
+        site.link.publishDevices({polled(11, 1), polled(12, 2), polled(13, 3)});
+        site.link.publishDeviceStates({state(11, {{"power", 40}, {"errors", 9}}), state(13, {{"power", 10}})});
+        site.link.publishDeviceModes({manual(12), manual(13)});
+        site.link.publishSchedules({day(21, "Work", {uid(2), uid(3)})});
+        if (!usersFirst)
+            site.link.publishUsers({user("admin", "admin"), rights});
+
+        QCOMPARE(column(parts, ShopPartsListModel::Name), QStringList({"Hall"}));
+        QCOMPARE(column(site.zones, Role::Uid), QStringList({text(1), text(2)}));
+        QCOMPARE(column(site.zones, Role::PartName), QStringList({"Hall", "Hall"}));
+        QCOMPARE(column(site.zones, Role::Power), QStringList({"40", "100"}));
+        QCOMPARE(column(site.zones, Role::Manual), QStringList({"false", "true"}));
+        QCOMPARE(column(site.zones, Role::ErroredDevicesCount), QStringList({"1", "0"}));
+        QCOMPARE(value(site.zones, 1, Role::ScheduleName).toStringList(), QStringList({"Work"}));
+    }
+
+    void everyChangeIsAnnounced()
+    {
+        Site site;
+        QRandomGenerator random(4711);
+        const auto below = [&](int end) { return random.bounded(end); };
+        site.link.logIn("anna", "user");
+        site.link.publishZones({zone(1)});
+        QSet<QUuid> allowed{uid(1)};
+        QStringList published{text(1)};
+        bool limited = false;
+        QAbstractItemModelTester tester(&site.zones, QAbstractItemModelTester::FailureReportingMode::Warning);
+        const MirrorList mirror(site.zones);
+
+        for (int turn = 0; turn < 600; ++turn) {
+            auto expected = column(site.zones, Role::Uid);
+            const auto visible = [&] {
+                QStringList uids;
+                for (const auto &uid : qAsConst(published)) {
+                    if (!limited || allowed.contains(QUuid(uid)))
+                        uids << uid;
+                }
+                return uids;
+            };
+            switch (below(7)) {
+            case 0: {
+                std::vector<Model::Zone> zones;
+                for (uint n = 1; n <= 20; ++n) {
+                    if (n == 1 || below(2))
+                        zones.push_back(zone(n, QString::number(below(5)), uint(30 + below(4))));
+                }
+                std::shuffle(zones.begin(), zones.end(), random);
+                published.clear();
+                for (const auto &record : zones)
+                    published << record.uid.toString();
+                expected = MirrorList::merged(expected, visible());
+                site.link.publishZones(zones);
+                break;
+            }
+            case 1: site.link.publishShopParts({part(uint(30 + below(4)), QString::number(below(2000)))}); break;
+            case 2:
+                site.link.publishSchedules(
+                    {day(50, "a", {uid(uint(below(20)))}), day(51, "b", {uid(uint(below(20)))})});
+                break;
+            case 3: {
+                std::vector<Model::DeviceDescriptor> devices;
+                for (uint n = 100; n < 120; ++n)
+                    devices.push_back(polled(n, uint(1 + below(20))));
+                site.link.publishDevices(devices);
+                break;
+            }
+            case 4:
+                site.link.publishDeviceStates(
+                    {state(uint(100 + below(20)), {{"power", below(100)}, {"errors", below(12)}})});
+                break;
+            case 5:
+                site.link.publishDeviceModes({manual(uint(100 + below(20))), automatic(uint(100 + below(20)))});
+                break;
+            default:
+                limited = below(2);
+                allowed = {uid(1), uid(uint(below(20))), uid(uint(below(20))), uid(uint(below(20)))};
+                expected = MirrorList::merged(expected, visible());
+                site.link.publishUsers({limited ? limitedUser("anna", allowed) : user("anna")});
+            }
+
+            QCOMPARE(column(site.zones, Role::Uid), expected);
+            QCOMPARE(mirror.difference(), QString());
+        }
     }
 
     void aDeviceThatMovesTakesItsPowerAlong()
