@@ -2,6 +2,7 @@
 #include "shell/FrontendManager.h"
 
 #include "data/ErrorsListModel.h"
+#include "data/QuickImageLayerProvider.h"
 #include "data/SharedModels.h"
 #include "link/JsonBackendCommunicator.h"
 #include "shell/FileManager.h"
@@ -27,14 +28,21 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     , m_permissionsManager(nullptr)
     , m_communicator(std::make_unique<JsonBackendCommunicator>(this))
     , m_shopController(*m_communicator, this)
+    , m_settingsController(*m_communicator, this)
     , m_usersListModel(*m_communicator, this)
     , m_deviceTypesListModel(*m_communicator, this)
     , m_devicesListModel(*m_communicator, this)
     , m_deviceFaultsListModel(*m_communicator, m_devicesListModel, this)
     , m_shopPartsListModel(*m_communicator, m_usersListModel, this)
     , m_zonesListModel(*m_communicator, m_devicesListModel, m_deviceFaultsListModel, m_usersListModel, this)
+    , m_buttonsListModel(*m_communicator, m_usersListModel, this)
+    , m_imageItemsListModel(*m_communicator, m_usersListModel, this)
     , m_serverTimeController(*m_communicator, this)
+    , m_indicatorsListModel(*m_communicator, m_usersListModel, this)
     , m_connectionsListModel(*m_communicator, m_permissionsManager, this)
+    , m_radioDevicesListModel(*m_communicator, this)
+    , m_view3DItemsListModel(*m_communicator, m_usersListModel, this)
+    , m_powerOnStatisticsListModel(*m_communicator, this)
 {
     if (currentInstance) {
         qCritical("Can not have more than one FrontendManager instance!");
@@ -60,6 +68,8 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
         [this](std::unique_ptr<QTranslator> translator) { changeTranslator(std::move(translator)); });
     changeTranslator(Startup::translatorForLocale(QStringLiteral("frontend"), locale));
 
+    // The engine takes it over.
+    m_engine.addImageProvider(QStringLiteral("image_layer"), new QuickImageLayerProvider(*m_communicator));
     currentInstance = this;
     SharedModels::instance() = {m_communicator.get(),  &m_usersListModel, &m_deviceTypesListModel, &m_devicesListModel,
                                 &m_shopPartsListModel, &m_zonesListModel, &m_deviceFaultsListModel};

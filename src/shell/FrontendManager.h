@@ -1,18 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "data/ButtonsListModel.h"
 #include "data/DeviceFaultsListModel.h"
 #include "data/DeviceTypesListModel.h"
 #include "data/DevicesListModel.h"
+#include "data/ImageItemsListModel.h"
+#include "data/IndicatorsListModel.h"
+#include "data/RadioDevicesListModel.h"
 #include "data/ServerTimeController.h"
+#include "data/SettingsController.h"
 #include "data/ShopController.h"
 #include "data/ShopPartsListModel.h"
 #include "data/UsersListModel.h"
+#include "data/View3DItemsListModel.h"
 #include "data/ZonesListModel.h"
 #include "model/Result.h"
 #include "shell/ConnectionsListModel.h"
 #include "shell/RuntimePermissionsManager.h"
 #include "shell/VersionController.h"
+#include "statistics/DevicePowerOnStatisticsListModel.h"
 
 #include <QObject>
 #include <QPointer>
@@ -68,6 +75,7 @@ private:
     RuntimePermissionsManager m_permissionsManager;
     std::unique_ptr<AbstractBackendCommunicator> m_communicator;
     ShopController m_shopController;
+    SettingsController m_settingsController;
     VersionController m_versionController;
     UsersListModel m_usersListModel;
     DeviceTypesListModel m_deviceTypesListModel;
@@ -75,8 +83,14 @@ private:
     DeviceFaultsListModel m_deviceFaultsListModel;
     ShopPartsListModel m_shopPartsListModel;
     ZonesListModel m_zonesListModel;
+    ButtonsListModel m_buttonsListModel;
+    ImageItemsListModel m_imageItemsListModel;
     ServerTimeController m_serverTimeController;
+    IndicatorsListModel m_indicatorsListModel;
     ConnectionsListModel m_connectionsListModel;
+    RadioDevicesListModel m_radioDevicesListModel;
+    View3DItemsListModel m_view3DItemsListModel;
+    DevicePowerOnStatisticsListModel m_powerOnStatisticsListModel;
     QQmlApplicationEngine m_engine;
     std::unique_ptr<QTranslator> m_translator;
     QUrl m_mainUrl;

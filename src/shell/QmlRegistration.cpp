@@ -5,13 +5,21 @@
 #include "data/ErrorsListModel.h"
 #include "data/ModelToListAdapter.h"
 #include "data/QmlStringSet.h"
+#include "data/QuaternionHelper.h"
+#include "data/RadioStatusProvider.h"
+#include "data/RadioTypes.h"
 #include "data/UidFilterProxyModel.h"
 #include "data/UsersController.h"
 #include "data/qqsfpm/Registration.h"
 #include "link/AbstractBackendCommunicator.h"
+#include "model/RadioDutyCycle.h"
+#include "shell/AppSettingsProxy.h"
 #include "shell/ColorTheme.h"
 #include "shell/FrontendManager.h"
 #include "shell/LanguageController.h"
+#include "statistics/StatisticsInfoProvider.h"
+#include "statistics/StatisticsProvider.h"
+#include "statistics/SystemLogProvider.h"
 
 #include <QJSValue>
 #include <QQmlContext>
@@ -43,6 +51,33 @@ QObject *createLanguageController(QQmlEngine *engine, QJSEngine *)
     return new LanguageController(FrontendManager::instance()->getPermissionsManager(), engine);
 }
 
+QObject *createStatisticsInfo(QQmlEngine *engine, QJSEngine *)
+{
+    return new StatisticsInfoProvider(engine);
+}
+
+QObject *createRadioStatus(QQmlEngine *engine, QJSEngine *)
+{
+    return new RadioStatusProvider(FrontendManager::instance()->getCommunicator(), engine);
+}
+
+QObject *createQuaternionHelper(QQmlEngine *engine, QJSEngine *)
+{
+    return new QuaternionHelper(engine);
+}
+
+// Enumerations alone, for the forms of radios.
+void registerRadioEnums()
+{
+    qmlRegisterUncreatableType<RadioDevicesListModel>(
+        "radio", 1, 0, "RadioDevicesListModel",
+        QStringLiteral("Only enums, for other things use global object radioDevicesListModel"));
+    qmlRegisterUncreatableMetaObject(Radio::staticMetaObject, "radio", 1, 0, "Radio",
+                                     QStringLiteral("Only for RadioType enums"));
+    qmlRegisterUncreatableMetaObject(RadioDutyCycle::staticMetaObject, "radio", 1, 0, "DutyCycle",
+                                     QStringLiteral("Only for RadioDutyCycle enums"));
+}
+
 } // namespace
 
 void FrontendManager::registerQmlTypes()
@@ -58,11 +93,14 @@ void FrontendManager::registerQmlTypes()
     registerType<ActionSequenceBuilder>("ActionSequenceBuilder");
     registerType<ActionWrapperBuilder>("ActionWrapper");
     registerType<ModelToListAdapter>("ModelToArrayAdapter");
+    registerType<StatisticsProvider>("StatisticsProvider");
+    registerType<SystemLogProvider>("SystemLogProvider");
     registerType<QmlStringSet>("StringSet");
     qqsfpm::registerTypes();
 
     registerMetaTypes();
     registerSingletons();
+    registerRadioEnums();
 }
 
 void FrontendManager::registerMetaTypes()
@@ -70,15 +108,28 @@ void FrontendManager::registerMetaTypes()
     qRegisterMetaType<Model::ActionSequence>();
     qRegisterMetaType<Model::ActionWrapper>();
     qRegisterMetaType<Model::TimeInfo>();
+    qRegisterMetaType<Model::Statistics>();
+    qRegisterMetaType<Model::ActionBlueprint>();
     qRegisterMetaType<QJSValueList>();
+    qRegisterMetaType<std::vector<Model::ScheduleDayPoint>>();
     qRegisterMetaType<std::vector<Model::UserInfo>>();
     qRegisterMetaType<std::vector<Model::Result::Error>>();
+    qRegisterMetaType<std::vector<Model::LogEntry>>();
+    qRegisterMetaType<std::vector<Model::Statistics::Item>>();
+    qRegisterMetaType<std::vector<Model::ActionBlueprint>>();
+    qRegisterMetaType<std::vector<Model::NodeDescription>>();
     qRegisterMetaType<std::vector<Model::ShopPart>>();
     qRegisterMetaType<std::vector<Model::Zone>>();
+    qRegisterMetaType<std::vector<Model::Button>>();
+    qRegisterMetaType<std::vector<Model::Indicator>>();
+    qRegisterMetaType<std::vector<Model::IndicatorState>>();
     qRegisterMetaType<std::vector<Model::DeviceDescriptor>>();
+    qRegisterMetaType<std::vector<Model::ScheduleDay>>();
+    qRegisterMetaType<std::vector<Model::ButtonState>>();
     qRegisterMetaType<std::vector<Model::DeviceState>>();
     qRegisterMetaType<std::vector<Model::DeviceTypeInfo>>();
     qRegisterMetaType<std::vector<Model::DeviceMode>>();
+    qRegisterMetaType<std::vector<Model::RadioStatus>>();
 }
 
 void FrontendManager::registerSingletons()
@@ -90,6 +141,11 @@ void FrontendManager::registerSingletons()
     });
     qmlRegisterSingletonType<LanguageController>("LanguageController", 1, 0, "LanguageController",
                                                  createLanguageController);
+    qmlRegisterSingletonType<StatisticsInfoProvider>("StatisticsInfoProvider", 1, 0, "StatisticsInfoProvider",
+                                                     createStatisticsInfo);
+    qmlRegisterSingletonType<RadioStatusProvider>("RadioStatusProvider", 1, 0, "RadioStatusProvider",
+                                                  createRadioStatus);
+    qmlRegisterSingletonType<QuaternionHelper>("QuaternionHelper", 1, 0, "Quat", createQuaternionHelper);
 }
 
 QObject *FrontendManager::createErrors(QQmlEngine *engine)
@@ -109,17 +165,32 @@ QObject *FrontendManager::createErrors(QQmlEngine *engine)
 void FrontendManager::setContextProperties()
 {
     auto *context = m_engine.rootContext();
-    context->setContextProperty(QStringLiteral("shopController"), &m_shopController);
-    context->setContextProperty(QStringLiteral("versionController"), &m_versionController);
-    context->setContextProperty(QStringLiteral("backendCommunicator"), m_communicator.get());
-    context->setContextProperty(QStringLiteral("zonesListModel"), &m_zonesListModel);
-    context->setContextProperty(QStringLiteral("shopPartsListModel"), &m_shopPartsListModel);
-    context->setContextProperty(QStringLiteral("usersListModel"), &m_usersListModel);
-    context->setContextProperty(QStringLiteral("usersController"), &m_usersListModel.getUsersController());
-    context->setContextProperty(QStringLiteral("devicesListModel"), &m_devicesListModel);
-    context->setContextProperty(QStringLiteral("deviceTypesListModel"), &m_deviceTypesListModel);
-    context->setContextProperty(QStringLiteral("serverTimeController"), &m_serverTimeController);
-    context->setContextProperty(QStringLiteral("connectionsListModel"), &m_connectionsListModel);
+    const std::pair<const char *, QObject *> objects[] = {
+        {"shopController", &m_shopController},
+        {"settingsController", &m_settingsController},
+        {"versionController", &m_versionController},
+        {"backendCommunicator", m_communicator.get()},
+        {"appSettings", m_settingsController.getAppSettings()},
+        {"settingsControllser", &m_settingsController}, // an old slip of the pen that scripts go by
+        {"zonesListModel", &m_zonesListModel},
+        {"buttonsListModel", &m_buttonsListModel},
+        {"shopPartsListModel", &m_shopPartsListModel},
+        {"imageItemsListModel", &m_imageItemsListModel},
+        {"usersListModel", &m_usersListModel},
+        {"usersController", &m_usersListModel.getUsersController()},
+        {"devicesListModel", &m_devicesListModel},
+        {"deviceTypesListModel", &m_deviceTypesListModel},
+        {"serverTimeController", &m_serverTimeController},
+        {"indicatorsListModel", &m_indicatorsListModel},
+        {"connectionsListModel", &m_connectionsListModel},
+        {"radioDevicesListModel", &m_radioDevicesListModel},
+        {"view3DItemsListModel", &m_view3DItemsListModel},
+        {"powerOnStatisticsListModel", &m_powerOnStatisticsListModel},
+        {"deviceFaultsListModel", &m_deviceFaultsListModel},
+        {"permissionsManager", &m_permissionsManager},
+    };
+    for (const auto &object : objects)
+        context->setContextProperty(QString::fromLatin1(object.first), object.second);
     const bool keyboard = m_arguments.contains(QStringLiteral("--keyboard"));
     context->setContextProperty(QStringLiteral("noChildWindows"),
                                 keyboard || m_arguments.contains(QStringLiteral("--no-child-windows")));
@@ -127,5 +198,4 @@ void FrontendManager::setContextProperties()
                                 m_arguments.contains(QStringLiteral("--fullscreen")));
     context->setContextProperty(QStringLiteral("kioskMode"), m_kioskMode);
     context->setContextProperty(QStringLiteral("ondiraRPi"), false);
-    context->setContextProperty(QStringLiteral("permissionsManager"), &m_permissionsManager);
 }
