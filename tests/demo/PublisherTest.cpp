@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "demo/Publisher.h"
 #include "SiteFixture.h"
+#include "demo/IndicatorRules.h"
 #include "demo/SiteLoader.h"
 #include "link/document/Response.h"
 #include "support/TestBase.h"
@@ -8,10 +9,14 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSignalSpy>
+#include <functional>
 
 using Demo::DemoSite;
 using Demo::Publisher;
 using namespace SiteFixture;
+using Change = std::function<void(DemoSite &site)>;
+
+Q_DECLARE_METATYPE(Change)
 
 namespace {
 
@@ -41,8 +46,8 @@ QStringList idsOf(const QJsonObject &document)
 
 struct Bench
 {
-    Bench()
-        : site(data())
+    explicit Bench(const Demo::SiteData &given = data())
+        : site(given)
         , publisher(site, QVersionNumber(4, 4, 1))
         , published(&publisher, &Publisher::published)
     {}
@@ -66,6 +71,20 @@ private slots:
     void subscriptionGetsItsListAtOnce();
     void listsOfRecordsThatTheSiteDoesNotHoldAreEmpty_data();
     void listsOfRecordsThatTheSiteDoesNotHoldAreEmpty();
+    void subscriptionGetsObjectsAtOnce_data();
+    void subscriptionGetsObjectsAtOnce();
+    void changedObjectRepublishesItsList_data();
+    void changedObjectRepublishesItsList();
+    void buttonStatesFollowPresses();
+    void indicatorStatesFollowRules();
+    void filesStayOutOfLists();
+    void blueprintsSpeakTheAskedLanguage_data();
+    void blueprintsSpeakTheAskedLanguage();
+    void nodesSpeakTheAskedLanguage_data();
+    void nodesSpeakTheAskedLanguage();
+    void everyBlueprintIsANodeButTheOneOfAllNodes();
+    void settingsAreOneRecord();
+    void runHoursComeInTheOrderOfDevices();
     void everySubscriptionCounts();
     void deviceTypesSpeakTheAskedLanguage_data();
     void deviceTypesSpeakTheAskedLanguage();
@@ -134,9 +153,8 @@ void PublisherTest::listsOfRecordsThatTheSiteDoesNotHoldAreEmpty_data()
 {
     QTest::addColumn<QByteArray>("topic");
 
-    for (const auto *topic :
-         {"button_states", "buttons", "image_items", "indicator_states", "indicators", "power_on_statistics",
-          "schedules", "view_3d_items"})
+    for (const auto *topic : {"button_states", "buttons", "image_items", "indicator_states", "indicators",
+                              "power_on_statistics", "schedules", "view_3d_items"})
         QTest::newRow(topic) << QByteArray(topic);
 }
 
@@ -151,6 +169,229 @@ void PublisherTest::listsOfRecordsThatTheSiteDoesNotHoldAreEmpty()
     QVERIFY(bench.last().value("data").isArray());
     QVERIFY(bench.last().value("data").toArray().isEmpty());
     QVERIFY(!bench.last().contains("errors"));
+}
+
+void PublisherTest::subscriptionGetsObjectsAtOnce_data()
+{
+    QTest::addColumn<QByteArray>("topic");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("id");
+
+    QTest::newRow("buttons") << QByteArray("buttons") << "button" << button;
+    QTest::newRow("button states") << QByteArray("button_states") << "button_state" << button;
+    QTest::newRow("indicators") << QByteArray("indicators") << "indicator" << indicator;
+    QTest::newRow("pictures") << QByteArray("image_items") << "image_item" << picture;
+    QTest::newRow("meshes") << QByteArray("view_3d_items") << "view_3d_item" << mesh;
+    QTest::newRow("schedules") << QByteArray("schedules") << "schedule_day" << schedule;
+}
+
+void PublisherTest::subscriptionGetsObjectsAtOnce()
+{
+    QFETCH(QByteArray, topic);
+    QFETCH(QString, type);
+    QFETCH(QString, id);
+    Bench bench(fullData());
+
+    bench.publisher.onSubscription("\1" + topic);
+
+    QCOMPARE(topicsOf(bench.published), QByteArrayList{topic});
+    QCOMPARE(idsOf(bench.last()), QStringList{id});
+    QCOMPARE(bench.last().value("data").toArray().first().toObject().value("type").toString(), type);
+}
+
+void PublisherTest::changedObjectRepublishesItsList_data()
+{
+    QTest::addColumn<QByteArrayList>("topics");
+    QTest::addColumn<Change>("change");
+
+    QTest::newRow("button") << QByteArrayList{"buttons"}
+                            << Change([](DemoSite &site) { site.put(site.button(QUuid(button))->button); });
+    QTest::newRow("removed button") << QByteArrayList{"button_states", "buttons"}
+                                    << Change([](DemoSite &site) { site.removeButtons({QUuid(button)}); });
+    QTest::newRow("indicator") << QByteArrayList{"indicators"}
+                               << Change([](DemoSite &site) { site.put(site.indicator(QUuid(indicator))->indicator); });
+    QTest::newRow("removed picture") << QByteArrayList{"image_items"}
+                                     << Change([](DemoSite &site) { site.removeImages({QUuid(picture)}); });
+    QTest::newRow("removed mesh") << QByteArrayList{"view_3d_items"}
+                                  << Change([](DemoSite &site) { site.removeView3DItems({QUuid(mesh)}); });
+    QTest::newRow("removed blueprint") << QByteArrayList{"action_nodes/en_US", "blueprints/ru_RU"}
+                                       << Change([](DemoSite &site) { site.removeBlueprints({QUuid(blueprint)}); });
+    QTest::newRow("removed schedule") << QByteArrayList{"schedules"}
+                                      << Change([](DemoSite &site) { site.removeDays({QUuid(schedule)}); });
+    QTest::newRow("settings") << QByteArrayList{"settings"}
+                              << Change([](DemoSite &site) { site.setSettings(Model::Settings()); });
+}
+
+void PublisherTest::changedObjectRepublishesItsList()
+{
+    QFETCH(QByteArrayList, topics);
+    QFETCH(Change, change);
+    Bench bench(fullData());
+    for (const auto *topic : {"action_nodes/en_US", "blueprints/ru_RU", "button_states", "buttons", "image_items",
+                              "indicator_states", "indicators", "schedules", "settings", "view_3d_items"})
+        bench.publisher.onSubscription(QByteArray("\1") + topic);
+    bench.published.clear();
+
+    change(bench.site);
+    bench.publisher.flush();
+
+    QCOMPARE(topicsOf(bench.published), topics);
+}
+
+void PublisherTest::buttonStatesFollowPresses()
+{
+    Bench bench(fullData());
+    bench.publisher.onSubscription("\1button_states");
+
+    bench.site.setButtonState(QUuid(button), Model::ButtonState::State::On);
+    bench.publisher.flush();
+
+    const auto state = bench.last().value("data").toArray().first().toObject();
+    QCOMPARE(state.value("attributes").toObject().value("state"), QJsonValue(1));
+}
+
+void PublisherTest::indicatorStatesFollowRules()
+{
+    auto given = fullData();
+    Demo::IndicatorRule rule;
+    rule.looks.emplace_back();
+    rule.looks.back().text = QString("%1");
+    given.indicators.front().rule = rule;
+    Bench bench(given);
+    Demo::IndicatorRules rules(bench.site);
+
+    bench.publisher.onSubscription("\1indicator_states");
+
+    const auto state = bench.last().value("data").toArray().first().toObject();
+    QCOMPARE(state.value("id").toString(), QString(indicator));
+    QCOMPARE(state.value("attributes").toObject().value("text").toString(), QString("0"));
+    QVERIFY(!state.value("attributes").toObject().contains("icon"));
+}
+
+void PublisherTest::filesStayOutOfLists()
+{
+    DemoSite site(Demo::SiteLoader::builtIn());
+    Publisher publisher(site, QVersionNumber(4, 5, 2));
+
+    QVERIFY(publisher.document("image_items").size() < 2000);
+    QVERIFY(publisher.document("view_3d_items").size() < 2000);
+}
+
+void PublisherTest::blueprintsSpeakTheAskedLanguage_data()
+{
+    QTest::addColumn<QByteArray>("locale");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("label");
+
+    QTest::newRow("Russian") << QByteArray("ru_RU") << "Установить мощность"
+                             << "Мощность";
+    QTest::newRow("English") << QByteArray("en_GB") << "Set power"
+                             << "Power";
+    QTest::newRow("another language sees English") << QByteArray("de_DE") << "Set power"
+                                                   << "Power";
+}
+
+void PublisherTest::blueprintsSpeakTheAskedLanguage()
+{
+    QFETCH(QByteArray, locale);
+    QFETCH(QString, name);
+    QFETCH(QString, label);
+    Bench bench(fullData());
+
+    bench.publisher.onSubscription("\1blueprints/" + locale);
+
+    QCOMPARE(topicsOf(bench.published), QByteArrayList{"blueprints/" + locale});
+    const auto list = bench.last().value("data").toArray();
+    QCOMPARE(list.size(), 7);
+    const auto setPower = list.at(1).toObject();
+    QCOMPARE(setPower.value("id").toString(), QString("{00000ec0-0002-0000-0000-000000000002}"));
+    const auto attributes = setPower.value("attributes").toObject();
+    QCOMPARE(attributes.value("name").toString(), name);
+    QVERIFY(attributes.value("system").toBool());
+    const auto node = attributes.value("nodes").toArray().first().toObject();
+    const auto property = node.value("properties").toArray().first().toObject();
+    QCOMPARE(property.value("user_description").toString(), label);
+}
+
+void PublisherTest::nodesSpeakTheAskedLanguage_data()
+{
+    QTest::addColumn<QByteArray>("locale");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("category");
+    QTest::addColumn<QString>("item");
+
+    QTest::newRow("Russian") << QByteArray("ru_RU") << "Установить режим"
+                             << "Выходы"
+                             << "Ручной";
+    QTest::newRow("English") << QByteArray("en_US") << "Set the mode"
+                             << "Outputs"
+                             << "Manual";
+    QTest::newRow("another language sees English") << QByteArray("fr_FR") << "Set the mode"
+                                                   << "Outputs"
+                                                   << "Manual";
+}
+
+void PublisherTest::nodesSpeakTheAskedLanguage()
+{
+    QFETCH(QByteArray, locale);
+    QFETCH(QString, name);
+    QFETCH(QString, category);
+    QFETCH(QString, item);
+    Bench bench(fullData());
+
+    bench.publisher.onSubscription("\1action_nodes/" + locale);
+
+    const auto list = bench.last().value("data").toArray();
+    const auto row = idsOf(bench.last()).indexOf("output_mode");
+    QVERIFY(row >= 0);
+    const auto attributes = list.at(row).toObject().value("attributes").toObject();
+    QCOMPARE(attributes.value("name").toString(), name);
+    QCOMPARE(attributes.value("category").toString(), category);
+    const auto mode = attributes.value("properties").toArray().first().toObject();
+    QCOMPARE(mode.value("valueLimits").toObject().value("items").toArray().first().toString(), item);
+}
+
+void PublisherTest::everyBlueprintIsANodeButTheOneOfAllNodes()
+{
+    Bench bench(fullData());
+
+    bench.publisher.onSubscription("\1action_nodes/en_US");
+
+    const auto nested = idsOf(bench.last()).filter("nested_action/");
+    QCOMPARE(nested.size(), 6);
+    QCOMPARE(nested.last(), QString("nested_action/") + blueprint);
+    const auto node = bench.last().value("data").toArray().last().toObject().value("attributes").toObject();
+    QCOMPARE(node.value("name").toString(), QString("Twice"));
+    QCOMPARE(node.value("properties").toArray().size(), 1);
+    QCOMPARE(node.value("properties").toArray().first().toObject().value("name").toString(), QString("half"));
+}
+
+void PublisherTest::settingsAreOneRecord()
+{
+    Bench bench;
+
+    bench.publisher.onSubscription("\1settings");
+
+    QCOMPARE(bench.last().value("data").toArray().size(), 1);
+    QVERIFY(!bench.last().value("data").toArray().first().toObject().value("attributes").toObject().isEmpty());
+}
+
+void PublisherTest::runHoursComeInTheOrderOfDevices()
+{
+    Bench bench;
+    for (const auto *device : {contactor, lamp}) {
+        Model::DevicePowerOnInfo info;
+        info.uid = QUuid(device);
+        info.powerOnHours = 12.5;
+        bench.site.put(info);
+    }
+
+    bench.publisher.onSubscription("\1power_on_statistics");
+    QCOMPARE(idsOf(bench.last()), (QStringList{lamp, contactor}));
+
+    bench.site.removeDevices({QUuid(lamp)});
+    bench.publisher.flush();
+    QCOMPARE(idsOf(bench.last()), QStringList{contactor});
 }
 
 void PublisherTest::everySubscriptionCounts()

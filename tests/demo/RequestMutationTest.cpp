@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "Documents.h"
 #include "SiteFixture.h"
+#include "demo/IndicatorRules.h"
 #include "demo/Publisher.h"
 #include "demo/SiteLoader.h"
+#include "model/json/View3DItem.h"
 #include "support/TestBase.h"
 
 #include <QJsonDocument>
@@ -57,6 +60,45 @@ QList<QByteArray> goodRequests()
                      + hall + R"(", "meta": {}}]}}}])",
                  R"([{"type": "shop_part", "id": ")" + QByteArray(hall) + R"(", "attributes": {"name": "B"}}])"),
         document("DELETE", "shop_parts", idsOf("shop_part", {hall})),
+        document("POST", "buttons",
+                 listOf({entity("button", button,
+                                R"({"name": "Я", "x": 8, "toggle": true, "on_color": "#00ff00", "blueprints": [)"
+                                    + powerStep(listOf({quoted(till)}), "30") + "]}")})),
+        document("DELETE", "buttons", idsOf("button", {button})),
+        document("POST", "button_states", listOf({entity("button_state", button, R"({"state": 1})")})),
+        document("POST", "indicators",
+                 listOf({entity("indicator", indicator,
+                                QByteArray(R"({"label": "Я", "indicator_type": 1, "horizontal_alignment": 2,
+                                    "display_value_property": "power", "display_value_device": ")")
+                                    + lamp + "\"}")})),
+        document("DELETE", "indicators", idsOf("indicator", {indicator})),
+        document("POST", "image_items/", listOf({entity("image_item", picture, R"({"x": 7, "opacity": 0.5})")})),
+        document("GET", QByteArray("image_items/") + picture),
+        document("DELETE", "image_items", idsOf("image_item", {picture})),
+        document("POST", "view_3d_items/", listOf({entity("view_3d_item", mesh, R"({"z": 7, "locked": true})")})),
+        document("GET", QByteArray("view_3d_items/") + mesh),
+        document("DELETE", "view_3d_items", idsOf("view_3d_item", {mesh})),
+        document("POST", "blueprints",
+                 listOf({entity("action_blueprint", blueprint, R"({"name": "Я", "system": false, "nodes": [
+                    {"uid": "{b1000000-0000-0000-0000-000000000003}", "type": "output", "x": 1, "y": 2.5,
+                     "inputs": [{"name": "value", "connection_node": "{b1000000-0000-0000-0000-000000000001}",
+                     "connection_property": "value"}], "outputs": [], "properties": []},
+                    {"uid": "{b1000000-0000-0000-0000-000000000001}", "type": "type/integer", "x": 1, "y": 2,
+                     "inputs": [{"name": "value", "connection_node": "{b1000000-0000-0000-0000-000000000001}",
+                     "connection_property": "value"}], "outputs": [{"name": "value"}], "properties": [{"name": "value",
+                     "exposed": true, "global_name": "half", "user_description": "Я",
+                     "value": {"type": "integer", "value": 5}}]}]})")})),
+        document("DELETE", "blueprints", idsOf("action_blueprint", {blueprint})),
+        document("POST", "oneshot_blueprint",
+                 listOf({entity("oneshot_blueprint", blueprint, R"({"zones": [")" + tillText + R"("], "properties": [
+                     {"node": "", "property": "half", "value": {"type": "integer", "value": 5}}]})")})),
+        document("POST", "schedule_days",
+                 R"([{"type": "schedule_day", "id": ")" + QByteArray(schedule)
+                     + R"(", "attributes": {"name": "Я", "week_days": [0, 6], "points": [{"time": "12:00:00",
+                     "blueprints": [)"
+                     + powerStep("[]", "30") + R"(]}]}, "relationships": {"zones": {"data": )" + idsOf("zone", {till})
+                     + "}}}]"),
+        document("DELETE", "schedule_days", idsOf("schedule_day", {schedule})),
         document("POST", "system_factory_reset/", R"([{"type": "factory_reset", "id": ""}])"),
     };
 }
@@ -102,7 +144,7 @@ bool isHonest(const Demo::Message &request, const Demo::Message &reply)
         return false;
     const auto body = reply.header.isCompressed() ? qUncompress(reply.body) : reply.body;
     if (reply.header.isRaw())
-        return ZmqBinaryMessage::fromByteArray(body).get("data");
+        return !ZmqBinaryMessage::fromByteArray(body).entries().empty();
     const auto document = QJsonDocument::fromJson(body).object();
     const auto errors = codes(document);
     return document.value("server_version").toString() == "4.5.2"
@@ -126,20 +168,26 @@ private slots:
     void spoiltDocumentsAreAnswered();
     void spoiltMessagesAreAnswered();
     void spoiltUploadsAreAnswered();
+    void spoiltFilesAreAnswered();
 };
 
 void RequestMutationTest::goodRequestsAreAnswered()
 {
     for (const auto &request : goodRequests()) {
-        Desk desk;
+        Desk desk(fullData());
+        const Demo::Message message{ZmqMessageHeader({Flags::Json}, "test:1"), request};
+        QVERIFY2(isHonest(message, desk.handler.answer("admin", message)), request);
+        desk.site.reset();
+        desk.ask(loginDocument("admin", "secret"));
         QVERIFY2(codes(desk.ask(request)).isEmpty(), request);
     }
 }
 
 void RequestMutationTest::spoiltDocumentsAreAnswered()
 {
-    Desk desk;
+    Desk desk(fullData());
     Demo::Publisher publisher(desk.site, QVersionNumber(4, 5, 2));
+    Demo::IndicatorRules rules(desk.site);
     Spoiler spoiler(20261121);
     const auto requests = goodRequests();
     const ZmqMessageHeader header({Flags::Json}, "zones:1");
@@ -153,7 +201,11 @@ void RequestMutationTest::spoiltDocumentsAreAnswered()
         if (round % 50 == 0) { // somebody logs in again and puts things right
             QString error;
             QVERIFY2(holdsTogether(desk.site, &error), qPrintable(error));
-            QVERIFY(!publisher.document("device_states").isEmpty());
+            for (const auto &topic : Demo::Publisher::plainTopics())
+                QVERIFY(!publisher.document(topic).isEmpty());
+            for (const auto &topic : Demo::Publisher::localizedTopics())
+                QVERIFY(!publisher.document(topic + "/en_US").isEmpty());
+            rules.evaluate();
             desk.site.reset();
             desk.ask(loginDocument("admin", "secret"));
         }
@@ -216,6 +268,42 @@ void RequestMutationTest::spoiltUploadsAreAnswered()
 
     QVERIFY(restored < 300);
     QCOMPARE(desk.site.data().zones.size(), size_t(2));
+}
+
+void RequestMutationTest::spoiltFilesAreAnswered()
+{
+    allowMessages("Byte consumer|bytes");
+    Desk desk(fullData());
+    Spoiler spoiler(11);
+    ZmqBinaryMessage image("image_items");
+    image.add("part_uid", QUuid(hall).toRfc4122());
+    image.add("image", "<svg/>");
+    image.add("format", "svg");
+    for (const auto *key : {"x", "y", "width", "height"})
+        image.add(key, "16.5");
+    image.add("name", "Plan");
+    ZmqBinaryMessage object("view_3d_items");
+    JsonAPI::View3DItem::toBinaryMessage(object, *desk.site.view3DItem(QUuid(mesh)));
+    int taken = 0;
+
+    for (int round = 0; round < 2000; ++round) {
+        const auto &whole = round % 2 == 0 ? image : object;
+        const auto spoilt = spoiler.number(20) == 0 ? whole.toByteArray() : spoiler.spoil(whole.toByteArray());
+        ZmqMessageHeader header({Flags::Raw}, "upload:1");
+        header.setCompressed(round % 3 == 0);
+        const Demo::Message request{header, header.isCompressed() ? qCompress(spoilt, 1) : spoilt};
+        const auto reply = desk.handler.answer("admin", request);
+        QVERIFY(isHonest(request, reply));
+        const auto body = header.isCompressed() ? qUncompress(reply.body) : reply.body;
+        taken += body.contains("errors") ? 0 : 1;
+        if (round % 100 == 0) {
+            QString error;
+            QVERIFY2(holdsTogether(desk.site, &error), qPrintable(error));
+        }
+    }
+
+    QVERIFY(taken > 0);
+    QVERIFY(taken < 2000);
 }
 
 ONDIRA_TEST(RequestMutationTest)
