@@ -48,6 +48,11 @@ std::vector<QString> relatedIds(const JsonAPI::Entity &entity, const QString &na
     return ids;
 }
 
+QMap<QVersionNumber, bool> knownVersions()
+{
+    return {{QVersionNumber(4, 2, 0), false}, {QVersionNumber(4, 3, 0), true}, {Version::number(), true}};
+}
+
 bool isResult(const JsonAPI::Entity &entity)
 {
     return entity.type == QLatin1String("response");
@@ -57,12 +62,16 @@ bool isResult(const JsonAPI::Entity &entity)
 
 JsonBackendCommunicator::JsonBackendCommunicator(QObject *parent, const LinkTimings &timings)
     : AbstractBackendCommunicator(parent, timings)
-    , m_serverCompatibility{
-          {QVersionNumber(4, 2, 0), false}, {QVersionNumber(4, 3, 0), true}, {Version::number(), true}}
+    , m_serverCompatibility(knownVersions())
 {
     setControlPort(defaultControlPort);
     setUpdatePort(defaultUpdatePort);
 }
+
+JsonBackendCommunicator::JsonBackendCommunicator(WithoutSockets, QObject *parent)
+    : AbstractBackendCommunicator(WithoutSockets(), parent)
+    , m_serverCompatibility(knownVersions())
+{}
 
 JsonBackendCommunicator::~JsonBackendCommunicator()
 {
@@ -103,6 +112,8 @@ void JsonBackendCommunicator::upload(const ZmqBinaryMessage &message, const QByt
     ZmqMessageHeader header({ZmqMessageHeader::Flags::Raw}, resource);
     header.setCompressed(packing == Packing::Compressed);
     const auto bytes = message.toByteArray();
+    if (bytes.isEmpty())
+        return; // too large, as the message has said: no empty body goes in its place
     attempt([&] { return sendRequest(header, header.isCompressed() ? qCompress(bytes) : bytes, timeoutMs); }, attach);
 }
 
@@ -115,6 +126,9 @@ void JsonBackendCommunicator::attempt(const Send &send, const Attach &attach)
     } catch (const zmq::error_t &error) {
         qWarning() << "A request could not be sent:" << error.what();
         QMetaObject::invokeMethod(this, &AbstractBackendCommunicator::reconnect, Qt::QueuedConnection);
+        BackendReplyHandler refused; // whoever must always be answered learns of it here
+        if (attach)
+            attach(refused);
     }
 }
 

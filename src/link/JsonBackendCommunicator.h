@@ -73,6 +73,9 @@ public:
     void setPowerOnStatistics(const std::vector<Model::DevicePowerOnInfo> &infos) override;
 
 protected:
+    // Requests are refused; publications and replies are taken from whoever hands them over.
+    JsonBackendCommunicator(WithoutSockets, QObject *parent);
+
     void auth(const QString &login, const QString &password) override;
     QStringList subscriptionTopics() const override;
     void onSubMessageReceived(const QList<QByteArray> &parts) override;

@@ -180,6 +180,7 @@ void JsonBackendCommunicator::getStatistics(const QDateTime &from, const QDateTi
                                                           : JsonAPI::Statistics::fromVariant(response.datum()),
                                     requestId);
         });
+        reply.onBinaryReply([this, requestId](const QByteArray &) { emit statisticsReceived({}, requestId); });
         whenLost(reply, [this, requestId] { emit statisticsReceived({}, requestId); });
     });
 }
