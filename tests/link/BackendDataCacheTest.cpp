@@ -15,28 +15,51 @@ Model::Zone hall()
     return zone;
 }
 
-// One record of each list, so that every member of the cache holds something.
+// One record of each list in the order in which the cache goes through them, so that every member holds something.
 void publishEverything(FakeCommunicator &link)
 {
+    link.publishButtonStates({Model::ButtonState{hallUid, Model::ButtonState::State::On}});
     Model::UserInfo user;
     user.login = QStringLiteral("admin");
-    Model::DeviceTypeInfo type;
-    type.name = QStringLiteral("Лампа");
-    Model::ShopPart part;
-    part.uid = hallUid;
-    Model::DeviceDescriptor device;
-    device.uid = hallUid;
-    Model::TimeInfo info;
-    info.timezone = QStringLiteral("Europe/Moscow");
     link.publishUsers({user});
     link.publishDeviceStates({Model::DeviceState{hallUid, {{"power", 5}}}});
+    Model::DeviceTypeInfo type;
+    type.name = QStringLiteral("Лампа");
     link.publishDeviceTypes({type});
     link.publishDeviceModes({Model::DeviceMode{hallUid, Model::DeviceMode::Mode::Manual}});
+    link.publishActionNodes({Model::NodeDescription("Compare", "Сравнение")});
+    Model::ShopPart part;
+    part.uid = hallUid;
     link.publishShopParts({part});
     link.publishZones({hall()});
+    Model::Button button;
+    button.name = QStringLiteral("Свет");
+    link.publishButtons({button});
+    Model::Indicator indicator;
+    indicator.label = QStringLiteral("Авария");
+    link.publishIndicators({indicator});
+    Model::DeviceDescriptor device;
+    device.uid = hallUid;
     link.publishDevices({device});
+    link.publishBlueprints({Model::ActionBlueprint("Вечер", hallUid)});
+    link.publishSchedules({Model::ScheduleDay(hallUid, "Будни", {}, {0})});
+    Model::Settings settings;
+    settings.mrf.resize(3);
+    link.publishSettings(settings);
+    Model::TimeInfo info;
+    info.timezone = QStringLiteral("Europe/Moscow");
     link.publishSystemTime(info);
     link.publishTime(QDateTime(QDate(2026, 1, 2), QTime(3, 4), Qt::UTC));
+    Model::ImageItem picture;
+    picture.name = QStringLiteral("План");
+    link.publishImageItems({picture});
+    Model::IndicatorState state;
+    state.text = QString("Авария");
+    link.publishIndicatorStates({state});
+    Model::View3DItem mesh;
+    mesh.name = QStringLiteral("Станок");
+    link.publishView3DItems({mesh});
+    link.publishPowerOnStatistics({Model::DevicePowerOnInfo{hallUid, 7, {}}});
 }
 
 // The announcements of the cache, by the name of the signal, in the order in which they come.
@@ -45,29 +68,61 @@ class Announcements : public QObject
 public:
     explicit Announcements(BackendDataCache &cache)
     {
-        note(cache, &BackendDataCache::usersChanged, "users");
-        note(cache, &BackendDataCache::devicesStatesChanged, "device states");
-        note(cache, &BackendDataCache::devicesTypesChanged, "device types");
-        note(cache, &BackendDataCache::devicesModesChanged, "device modes");
-        note(cache, &BackendDataCache::shopPartsChanged, "shop parts");
-        note(cache, &BackendDataCache::zonesChanged, "zones");
-        note(cache, &BackendDataCache::devicesChanged, "devices");
-        note(cache, &BackendDataCache::systemTimeChanged, "time info");
-        note(cache, &BackendDataCache::timeChanged, "time");
+        using Cache = BackendDataCache;
+        note(cache, &Cache::buttonStatesChanged, &Cache::getButtonStates, "button states");
+        note(cache, &Cache::usersChanged, &Cache::getUsers, "users");
+        note(cache, &Cache::devicesStatesChanged, &Cache::getDeviceStates, "device states");
+        note(cache, &Cache::devicesTypesChanged, &Cache::getDeviceTypes, "device types");
+        note(cache, &Cache::devicesModesChanged, &Cache::getDeviceModes, "device modes");
+        note(cache, &Cache::actionNodesChanged, &Cache::getActionNodes, "action nodes");
+        note(cache, &Cache::shopPartsChanged, &Cache::getShopParts, "shop parts");
+        note(cache, &Cache::zonesChanged, &Cache::getZones, "zones");
+        note(cache, &Cache::buttonsChanged, &Cache::getButtons, "buttons");
+        note(cache, &Cache::indicatorsChanged, &Cache::getIndicators, "indicators");
+        note(cache, &Cache::devicesChanged, &Cache::getDeviceDescriptors, "devices");
+        note(cache, &Cache::blueprintsChanged, &Cache::getBlueprints, "blueprints");
+        note(cache, &Cache::schedulesChanged, &Cache::getScheduleDays, "schedule days");
+        note(cache, &Cache::settingsChanged, &Cache::getSettings, "settings");
+        note(cache, &Cache::systemTimeChanged, &Cache::getTimeInfo, "time info");
+        note(cache, &Cache::timeChanged, &Cache::getTime, "time");
+        note(cache, &Cache::imageItemsChanged, &Cache::getImageItems, "image items");
+        note(cache, &Cache::indicatorStatesChanged, &Cache::getIndicatorStates, "indicator states");
+        note(cache, &Cache::view3DItemsChanged, &Cache::getView3DItems, "3D items");
+        note(cache, &Cache::powerOnStatisticsChanged, &Cache::getPowerOnStatistics, "power-on statistics");
     }
 
     QStringList names;
+    QStringList stale; // those announced with a value that the cache does not hold at that moment
 
 private:
-    template <typename Signal>
-    void note(BackendDataCache &cache, Signal signal, const QString &name)
+    template <typename T>
+    void note(BackendDataCache &cache, void (BackendDataCache::*signal)(const T &), T (BackendDataCache::*get)() const,
+              const QString &name)
     {
-        connect(&cache, signal, this, [this, name] { names << name; });
+        connect(&cache, signal, this, [this, &cache, get, name](const T &value) {
+            names << name;
+            if (!((cache.*get)() == value))
+                stale << name;
+        });
     }
 };
 
-const QStringList allNames{"users", "device states", "device types", "device modes", "shop parts",
-                           "zones", "devices",       "time info",    "time"};
+const QStringList allNames{
+    "button states", "users",   "device states", "device types",     "device modes", "action nodes",       "shop parts",
+    "zones",         "buttons", "indicators",    "devices",          "blueprints",   "schedule days",      "settings",
+    "time info",     "time",    "image items",   "indicator states", "3D items",     "power-on statistics"};
+
+// Every list is empty, and what is no list is as at the start.
+bool isEmpty(const BackendDataCache &cache)
+{
+    return cache.getButtonStates().empty() && cache.getUsers().empty() && cache.getDeviceStates().empty()
+        && cache.getDeviceTypes().empty() && cache.getDeviceModes().empty() && cache.getActionNodes().empty()
+        && cache.getShopParts().empty() && cache.getZones().empty() && cache.getButtons().empty()
+        && cache.getIndicators().empty() && cache.getDeviceDescriptors().empty() && cache.getBlueprints().empty()
+        && cache.getScheduleDays().empty() && cache.getSettings() == Model::Settings() && cache.getTime().isNull()
+        && cache.getTimeInfo().timezone == "UTC" && cache.getImageItems().empty() && cache.getIndicatorStates().empty()
+        && cache.getView3DItems().empty() && cache.getPowerOnStatistics().empty();
+}
 
 } // namespace
 
@@ -80,6 +135,7 @@ private slots:
     void eachPublicationReplacesItsListAndAnnouncesIt();
     void emptyPublicationEmptiesItsListAndAnnouncesIt();
     void equalPublicationIsAnnouncedAgain();
+    void everyEqualPublicationIsAnnouncedAgain();
     void listIsStoredBeforeItIsAnnounced();
     void getterGivesACopy();
     void connectingKeepsEveryList();
@@ -96,14 +152,7 @@ void BackendDataCacheTest::startsEmptyWithACurrentTimeInfo()
     FakeCommunicator link;
     const auto &cache = link.getDataCache();
 
-    QVERIFY(cache.getUsers().empty());
-    QVERIFY(cache.getDeviceStates().empty());
-    QVERIFY(cache.getDeviceTypes().empty());
-    QVERIFY(cache.getDeviceModes().empty());
-    QVERIFY(cache.getShopParts().empty());
-    QVERIFY(cache.getZones().empty());
-    QVERIFY(cache.getDeviceDescriptors().empty());
-    QVERIFY(cache.getTime().isNull());
+    QVERIFY(isEmpty(cache));
     const auto info = cache.getTimeInfo();
     QVERIFY(info.time >= before && info.time <= QDateTime::currentDateTimeUtc());
     QCOMPARE(info.time.timeSpec(), Qt::UTC);
@@ -121,6 +170,18 @@ void BackendDataCacheTest::eachPublicationReplacesItsListAndAnnouncesIt()
     publishEverything(link);
 
     QCOMPARE(announcements.names, allNames);
+    QCOMPARE(announcements.stale, QStringList()); // stored before it is announced
+    QVERIFY(cache.getButtonStates().at(0).state == Model::ButtonState::State::On);
+    QCOMPARE(cache.getActionNodes().at(0).type, QString("Compare"));
+    QCOMPARE(cache.getButtons().at(0).name, QString("Свет"));
+    QCOMPARE(cache.getIndicators().at(0).label, QString("Авария"));
+    QCOMPARE(cache.getBlueprints().at(0).name, QString("Вечер"));
+    QCOMPARE(cache.getScheduleDays().at(0).name, QString("Будни"));
+    QCOMPARE(cache.getSettings().mrf.size(), size_t(3));
+    QCOMPARE(cache.getImageItems().at(0).name, QString("План"));
+    QCOMPARE(*cache.getIndicatorStates().at(0).text, QString("Авария"));
+    QCOMPARE(cache.getView3DItems().at(0).name, QString("Станок"));
+    QCOMPARE(cache.getPowerOnStatistics().at(0).powerOnHours, 7.0);
     QCOMPARE(cache.getUsers().at(0).login, QString("admin"));
     QCOMPARE(cache.getDeviceStates().at(0).state.value("power").toInt(), 5);
     QCOMPARE(cache.getDeviceTypes().at(0).name, QString("Лампа"));
@@ -158,6 +219,18 @@ void BackendDataCacheTest::equalPublicationIsAnnouncedAgain()
 
     QCOMPARE(zones.size(), 2);
     QCOMPARE(zones.at(1).at(0).value<std::vector<Model::Zone>>(), std::vector<Model::Zone>{hall()});
+}
+
+void BackendDataCacheTest::everyEqualPublicationIsAnnouncedAgain()
+{
+    FakeCommunicator link;
+    publishEverything(link);
+    Announcements announcements(link.getDataCache());
+
+    publishEverything(link);
+    publishEverything(link);
+
+    QCOMPARE(announcements.names, allNames + allNames);
 }
 
 void BackendDataCacheTest::listIsStoredBeforeItIsAnnounced()
@@ -209,15 +282,8 @@ void BackendDataCacheTest::disconnectingEmptiesEverythingInOrder()
     link.disconnectFromServer();
 
     QCOMPARE(announcements.names, allNames);
-    QVERIFY(cache.getUsers().empty());
-    QVERIFY(cache.getDeviceStates().empty());
-    QVERIFY(cache.getDeviceTypes().empty());
-    QVERIFY(cache.getDeviceModes().empty());
-    QVERIFY(cache.getShopParts().empty());
-    QVERIFY(cache.getZones().empty());
-    QVERIFY(cache.getDeviceDescriptors().empty());
-    QVERIFY(cache.getTime().isNull());
-    QCOMPARE(cache.getTimeInfo().timezone, QString("UTC"));
+    QCOMPARE(announcements.stale, QStringList());
+    QVERIFY(isEmpty(cache));
 }
 
 void BackendDataCacheTest::disconnectedTwiceAnnouncesOnce()

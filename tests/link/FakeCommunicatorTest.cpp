@@ -27,6 +27,8 @@ private slots:
     void socketOperationsDoNothing();
     void endsWithoutAPause();
     void statusAndGroupFollowTheLogin();
+    void everyOperationIsNoted();
+    void argumentsAndCallbacksAreKept();
 };
 
 void FakeCommunicatorTest::initStoresConnectsAndLogsIn()
@@ -91,6 +93,141 @@ void FakeCommunicatorTest::statusAndGroupFollowTheLogin()
     QCOMPARE(link.getUserGroup(), QString("admin"));
     QCOMPARE(status.size(), 2);
     QCOMPARE(group.size(), 1);
+}
+
+void FakeCommunicatorTest::everyOperationIsNoted()
+{
+    FakeCommunicator fake;
+    AbstractBackendCommunicator &link = fake;
+
+    link.addZones({}, {});
+    link.changeZones({});
+    link.removeZones({});
+    link.addDays({}, {});
+    link.changeDays({});
+    link.removeDays({});
+    link.addButtons({}, {});
+    link.changeButtons({});
+    link.removeButtons({});
+    link.setButtonStates({});
+    link.addShopParts({}, {});
+    link.changeShopParts({});
+    link.removeShopParts({});
+    link.addDevices({}, {});
+    link.changeDevices({});
+    link.removeDevices({});
+    link.setDeviceState({});
+    link.runActionSequences({});
+    link.addUsers({}, {});
+    link.removeUsers({}, {});
+    link.changeUsers({}, {});
+    link.changeUsersRoles({}, {});
+    link.getUserList({});
+    link.ping();
+    link.getStatistics({}, {}, {}, AbstractBackendCommunicator::StatisticsGrain::Hour, {});
+    link.getLog({}, {}, {});
+    link.getStatisticsInfo({});
+    link.setSystemTime({}, {});
+    link.getSystemTime();
+    link.addImageItem({}, {});
+    link.changeImageItem({}, {});
+    link.removeImageItems({}, {});
+    link.getImage({}, {}, {});
+    link.addIndicators({}, {});
+    link.changeIndicators({});
+    link.removeIndicators({});
+    link.addBlueprints({}, {});
+    link.changeBlueprints({});
+    link.removeBlueprints({});
+    link.getBackup({});
+    link.restoreBackup({}, {});
+    link.factoryReset();
+    link.setShop({});
+    link.setSettings({});
+    link.getRadioStatus();
+    link.getAvailableComPorts();
+    link.addView3DItem({}, {});
+    link.changeView3DItem({}, {});
+    link.removeView3DItems({}, {});
+    link.getView3DItem({}, {}, {});
+    link.setPowerOnStatistics({});
+
+    QCOMPARE(fake.operations,
+             (QStringList{"addZones",
+                          "changeZones",
+                          "removeZones",
+                          "addDays",
+                          "changeDays",
+                          "removeDays",
+                          "addButtons",
+                          "changeButtons",
+                          "removeButtons",
+                          "setButtonStates",
+                          "addShopParts",
+                          "changeShopParts",
+                          "removeShopParts",
+                          "addDevices",
+                          "changeDevices",
+                          "removeDevices",
+                          "setDeviceState",
+                          "runActionSequences",
+                          "addUsers",
+                          "removeUsers",
+                          "changeUsers",
+                          "changeUsersRoles",
+                          "getUserList",
+                          "ping",
+                          "getStatistics",
+                          "getLog",
+                          "getStatisticsInfo",
+                          "setSystemTime",
+                          "getSystemTime",
+                          "addImageItem",
+                          "changeImageItem",
+                          "removeImageItems",
+                          "getImage",
+                          "addIndicators",
+                          "changeIndicators",
+                          "removeIndicators",
+                          "addBlueprints",
+                          "changeBlueprints",
+                          "removeBlueprints",
+                          "getBackup",
+                          "restoreBackup",
+                          "factoryReset",
+                          "setShop",
+                          "setSettings",
+                          "getRadioStatus",
+                          "getAvailableComPorts",
+                          "addView3DItem",
+                          "changeView3DItem",
+                          "removeView3DItems",
+                          "getView3DItem",
+                          "setPowerOnStatistics"}));
+}
+
+void FakeCommunicatorTest::argumentsAndCallbacksAreKept()
+{
+    FakeCommunicator link;
+    const QUuid uid("{11111111-1111-1111-1111-111111111111}");
+    Model::Button button;
+    button.uid = uid;
+    std::vector<QUuid> added;
+    QByteArray received;
+    int failures = 0;
+
+    link.addButtons({button}, [&](const std::vector<QUuid> &uids) { added = uids; });
+    link.getImage(
+        uid, [&](const Model::ImageItem::Image &image) { received = image.data; }, [&] { ++failures; });
+    link.uidsCallback({uid});
+    link.imageCallback({"bytes", "png"});
+    link.failedCallback();
+
+    QCOMPARE(link.buttons, std::vector<Model::Button>{button});
+    QCOMPARE(link.requestedUid, uid);
+    QCOMPARE(added, std::vector<QUuid>{uid});
+    QCOMPARE(received, QByteArray("bytes"));
+    QCOMPARE(failures, 1);
 }
 
 ONDIRA_TEST(FakeCommunicatorTest)

@@ -3,7 +3,11 @@
 
 using Link = AbstractBackendCommunicator;
 using Operation = std::function<void(TestCommunicator &)>;
+using Addition = std::function<void(TestCommunicator &, const Link::UidsCallback &)>;
+using Change = std::function<void(TestCommunicator &, const Link::Done &)>;
 Q_DECLARE_METATYPE(Operation)
+Q_DECLARE_METATYPE(Addition)
+Q_DECLARE_METATYPE(Change)
 
 // What becomes of the reply to each operation.
 class OperationRepliesTest : public OperationsTestBase
@@ -39,24 +43,32 @@ private slots:
 
 void OperationRepliesTest::addedUidsReachTheCallback_data()
 {
+    QTest::addColumn<Addition>("add");
     QTest::addColumn<QByteArray>("resource");
-    QTest::newRow("zones") << QByteArray("zones");
-    QTest::newRow("parts") << QByteArray("shop_parts");
-    QTest::newRow("devices") << QByteArray("devices");
+
+    const auto row = [](const QByteArray &resource, const Addition &add) {
+        QTest::newRow(resource) << add << resource;
+    };
+    using L = TestCommunicator;
+    using Uids = Link::UidsCallback;
+    row("zones", [](L &l, const Uids &done) { l.addZones({hall()}, done); });
+    row("shop_parts", [](L &l, const Uids &done) { l.addShopParts({floorPlan()}, done); });
+    row("devices", [](L &l, const Uids &done) { l.addDevices({lamp()}, done); });
+    row("schedule_days", [](L &l, const Uids &done) { l.addDays({workday()}, done); });
+    row("buttons", [](L &l, const Uids &done) { l.addButtons({lightButton()}, done); });
+    row("indicators", [](L &l, const Uids &done) { l.addIndicators({alarm()}, done); });
+    row("blueprints", [](L &l, const Uids &done) { l.addBlueprints({evening()}, done); });
+    row("image_items", [](L &l, const Uids &done) { l.addImageItem(picture(), done); });
+    row("view_3d_items", [](L &l, const Uids &done) { l.addView3DItem(machine(), done); });
 }
 
 void OperationRepliesTest::addedUidsReachTheCallback()
 {
+    QFETCH(Addition, add);
     QFETCH(QByteArray, resource);
     std::vector<std::vector<QUuid>> calls;
-    const auto done = [&](const std::vector<QUuid> &uids) { calls.push_back(uids); };
-    if (resource == "zones")
-        m_link->addZones({hall()}, done);
-    else if (resource == "shop_parts")
-        m_link->addShopParts({floorPlan()}, done);
-    else
-        m_link->addDevices({lamp()}, done);
 
+    add(*m_link, [&](const std::vector<QUuid> &uids) { calls.push_back(uids); });
     answerNext(resource, resultDocument());
 
     QCOMPARE(calls.size(), size_t(1));
@@ -77,43 +89,39 @@ void OperationRepliesTest::uidListOfAnErrorIsEmpty()
 
 void OperationRepliesTest::doneIsCalledUnlessThereAreErrors_data()
 {
+    QTest::addColumn<Change>("change");
     QTest::addColumn<QByteArray>("resource");
-    QTest::addColumn<QByteArray>("operation");
     QTest::addColumn<QByteArray>("reply");
     QTest::addColumn<int>("calls");
 
-    const std::vector<std::pair<QByteArray, QByteArray>> operations{
-        {"addUsers", "users"},         {"removeUsers", "users"},         {"changeUsers", "users"},
-        {"changeUsersRoles", "users"}, {"setSystemTime", "system_time"}, {"restoreBackup", "system_backup_restore"}};
-    for (const auto &operation : operations) {
-        QTest::newRow(operation.first + ", result") << operation.second << operation.first << resultDocument() << 1;
-        QTest::newRow(operation.first + ", empty") << operation.second << operation.first << QByteArray("{}") << 1;
-        QTest::newRow(operation.first + ", errors") << operation.second << operation.first << failed << 0;
-    }
+    const auto row = [](const QByteArray &name, const QByteArray &resource, const Change &change) {
+        QTest::newRow(name + ", result") << change << resource << resultDocument() << 1;
+        QTest::newRow(name + ", empty") << change << resource << QByteArray("{}") << 1;
+        QTest::newRow(name + ", errors") << change << resource << failed << 0;
+    };
+    using L = TestCommunicator;
+    using Done = Link::Done;
+    row("addUsers", "users", [](L &l, const Done &done) { l.addUsers({user()}, done); });
+    row("removeUsers", "users", [](L &l, const Done &done) { l.removeUsers({user()}, done); });
+    row("changeUsers", "users", [](L &l, const Done &done) { l.changeUsers({user()}, done); });
+    row("changeUsersRoles", "users", [](L &l, const Done &done) { l.changeUsersRoles({user()}, done); });
+    row("setSystemTime", "system_time", [](L &l, const Done &done) { l.setSystemTime({}, done); });
+    row("restoreBackup", "system_backup_restore", [](L &l, const Done &done) { l.restoreBackup("x", done); });
+    row("changeImageItem", "image_items", [](L &l, const Done &done) { l.changeImageItem(picture(), done); });
+    row("removeImageItems", "image_items", [](L &l, const Done &done) { l.removeImageItems({picture()}, done); });
+    row("changeView3DItem", "view_3d_items", [](L &l, const Done &done) { l.changeView3DItem(machine(), done); });
+    row("removeView3DItems", "view_3d_items", [](L &l, const Done &done) { l.removeView3DItems({machine()}, done); });
 }
 
 void OperationRepliesTest::doneIsCalledUnlessThereAreErrors()
 {
+    QFETCH(Change, change);
     QFETCH(QByteArray, resource);
-    QFETCH(QByteArray, operation);
     QFETCH(QByteArray, reply);
     QFETCH(int, calls);
     int called = 0;
-    const auto done = [&] { ++called; };
-    const std::vector<Model::UserInfo> users{user()};
-    if (operation == "addUsers")
-        m_link->addUsers(users, done);
-    else if (operation == "removeUsers")
-        m_link->removeUsers(users, done);
-    else if (operation == "changeUsers")
-        m_link->changeUsers(users, done);
-    else if (operation == "changeUsersRoles")
-        m_link->changeUsersRoles(users, done);
-    else if (operation == "setSystemTime")
-        m_link->setSystemTime({}, done);
-    else
-        m_link->restoreBackup("x", done);
 
+    change(*m_link, [&] { ++called; });
     answerNext(resource, reply);
 
     QCOMPARE(called, calls);
@@ -132,6 +140,28 @@ void OperationRepliesTest::errorsAreReportedOnce_data()
     QTest::newRow("setShop") << Operation([](L &l) { l.setShop({}); }) << QByteArray("shops");
     QTest::newRow("setDeviceState") << Operation([](L &l) { l.setDeviceState({}); }) << QByteArray("device_states");
     QTest::newRow("ping") << Operation([](L &l) { l.ping(); }) << QByteArray("ping");
+    const auto row = [](const char *name, const char *resource, const Operation &operation) {
+        QTest::newRow(name) << operation << QByteArray(resource);
+    };
+    row("removeZones", "zones", [](L &l) { l.removeZones({}); });
+    row("changeDays", "schedule_days", [](L &l) { l.changeDays({}); });
+    row("removeDays", "schedule_days", [](L &l) { l.removeDays({}); });
+    row("changeButtons", "buttons", [](L &l) { l.changeButtons({}); });
+    row("removeButtons", "buttons", [](L &l) { l.removeButtons({}); });
+    row("setButtonStates", "button_states", [](L &l) { l.setButtonStates({}); });
+    row("changeShopParts", "shop_parts", [](L &l) { l.changeShopParts({}); });
+    row("removeShopParts", "shop_parts", [](L &l) { l.removeShopParts({}); });
+    row("changeDevices", "devices", [](L &l) { l.changeDevices({}); });
+    row("removeDevices", "devices", [](L &l) { l.removeDevices({}); });
+    row("changeIndicators", "indicators", [](L &l) { l.changeIndicators({}); });
+    row("removeIndicators", "indicators", [](L &l) { l.removeIndicators({}); });
+    row("changeBlueprints", "blueprints", [](L &l) { l.changeBlueprints({}); });
+    row("removeBlueprints", "blueprints", [](L &l) { l.removeBlueprints({}); });
+    row("setSettings", "settings", [](L &l) { l.setSettings({}); });
+    row("getUserList", "users", [](L &l) { l.getUserList({}); });
+    row("getBackup", "system_backup", [](L &l) { l.getBackup({}); });
+    row("addZones", "zones", [](L &l) { l.addZones({}, {}); });
+    row("changeUsers", "users", [](L &l) { l.changeUsers({}, {}); });
     QTest::newRow("getSystemTime") << Operation([](L &l) { l.getSystemTime(); }) << QByteArray("system_time");
 }
 

@@ -180,6 +180,7 @@ void OperationRequestsTest::documentIsExact()
     QFETCH(Operation, operation);
     QFETCH(QByteArray, resource);
     QFETCH(QByteArray, expected);
+    m_server->answer = nullptr;
 
     operation(*m_link);
     const auto request = awaitRequest(resource);
@@ -193,6 +194,10 @@ void OperationRequestsTest::documentIsExact()
     QCOMPARE(QJsonDocument(request.document).toJson(), wanted.toJson());
     QCOMPARE(qUncompress(request.body), wanted.toJson()); // indented, keys sorted
     QCOMPARE(m_server->requests.size(), size_t(1));
+    const auto handler = m_link->takeReplyHandle(request.id);
+    QVERIFY(handler);
+    const int timeout = resource == "ping" ? testTimings().quickReply : testTimings().reply;
+    QVERIFY(handler->remainingTime() <= timeout && handler->remainingTime() > timeout - 5000);
 }
 
 void OperationRequestsTest::timeoutIsThatOfItsKind_data()

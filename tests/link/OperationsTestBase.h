@@ -44,6 +44,58 @@ inline Model::UserInfo user()
     return info;
 }
 
+inline Model::ScheduleDay workday()
+{
+    return {hallUid, QStringLiteral("Будни"), {}, {0}};
+}
+
+inline Model::Button lightButton()
+{
+    Model::Button button;
+    button.uid = hallUid;
+    button.partUid = partUid;
+    button.name = QStringLiteral("Свет");
+    button.toggle = true;
+    return button;
+}
+
+inline Model::Indicator alarm()
+{
+    Model::Indicator indicator;
+    indicator.uid = hallUid;
+    indicator.partUid = partUid;
+    indicator.label = QStringLiteral("Авария");
+    return indicator;
+}
+
+inline Model::ImageItem picture()
+{
+    Model::ImageItem item;
+    item.uid = hallUid;
+    item.partUid = partUid;
+    item.name = QStringLiteral("План");
+    item.x = 1234.5678;
+    item.y = -0.5;
+    item.width = 30;
+    return item;
+}
+
+inline Model::View3DItem machine()
+{
+    Model::View3DItem item;
+    item.uid = hallUid;
+    item.partUid = partUid;
+    item.name = QStringLiteral("Станок");
+    item.x = 1.5;
+    item.modelData = QByteArray("mesh\0\xff", 6);
+    return item;
+}
+
+inline Model::ActionBlueprint evening()
+{
+    return Model::ActionBlueprint(QStringLiteral("Вечер"), hallUid);
+}
+
 // One entry of a binary message.
 inline QByteArray entry(const QByteArray &key, const QByteArray &value)
 {

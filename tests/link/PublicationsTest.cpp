@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "PublishedDocuments.h"
 #include "TestLink.h"
 
 #include <QLocale>
@@ -43,8 +44,12 @@ private slots:
     void anyLocaleSuffixIsAccepted();
     void unknownTopicIsIgnored_data();
     void unknownTopicIsIgnored();
-    void topicsWithoutRecordsCountForVersionAndErrors_data();
-    void topicsWithoutRecordsCountForVersionAndErrors();
+    void everyTopicCountsForVersionAndErrors_data();
+    void everyTopicCountsForVersionAndErrors();
+    void eachTopicHasItsSignal_data();
+    void eachTopicHasItsSignal();
+    void lastSettingsCount();
+    void emptySettingsAreNotAnnounced();
     void serverVersionIsAnnouncedWhenItChanges();
     void versionOfAPublicationWithErrorsCounts();
     void publicationWithErrorsKeepsTheList();
@@ -138,25 +143,28 @@ void PublicationsTest::eachListReachesTheCache()
     QVERIFY(logIn(*m_link, server));
     const auto &cache = m_link->getDataCache();
 
-    server.publish("device_states",
-                   list(R"({"type":"device_state","id":")" + hall + R"(","attributes":{"state":{"power":40}}})"));
-    server.publish("device_types/ru_RU", list(R"({"type":"device_type","id":"a.qml","attributes":{"name":"Лампа"}})"));
-    server.publish("device_modes",
-                   list(R"({"type":"device_mode","id":")" + hall + R"(","attributes":{"mode":"Manual"}})"));
-    server.publish("users", list(R"({"type":"user","id":"admin","attributes":{"login":"admin","group":"admin"}})"));
-    server.publish("shop_parts", list(R"({"type":"shop_part","id":")" + hall + R"(","attributes":{"name":"Этаж"}})"));
-    server.publish("zones", list(zone(hall, "Холл") + "," + zone(kitchen, "Кухня")));
-    server.publish("devices", list(R"({"type":"device","id":")" + hall + R"(","attributes":{"address":7}})"));
+    for (const auto &published : publishedDocuments())
+        server.publish(published.topic, published.document());
 
-    QTRY_COMPARE(cache.getDeviceDescriptors().size(), size_t(1));
+    QTRY_COMPARE(cache.getPowerOnStatistics().size(), size_t(1));
     QCOMPARE(cache.getDeviceStates().at(0).state.value("power").toInt(), 40);
     QCOMPARE(cache.getDeviceTypes().at(0).name, QString("Лампа"));
+    QCOMPARE(cache.getActionNodes().at(0).type, QString("Compare"));
+    QVERIFY(cache.getButtonStates().at(0).state == Model::ButtonState::State::On);
     QVERIFY(cache.getDeviceModes().at(0).mode == Model::DeviceMode::Mode::Manual);
     QCOMPARE(cache.getUsers().at(0).login, QString("admin"));
+    QCOMPARE(cache.getSettings().rs485.at(0).speed, 115200);
     QCOMPARE(cache.getShopParts().at(0).name, QString("Этаж"));
-    QCOMPARE(cache.getZones().size(), size_t(2));
-    QCOMPARE(cache.getZones().at(1).name, QString("Кухня"));
+    QCOMPARE(cache.getZones().at(0).name, QString("Холл"));
+    QCOMPARE(cache.getButtons().at(0).blueprints.instances.size(), size_t(1));
+    QCOMPARE(cache.getIndicators().at(0).displayValue->property, QString("t"));
     QCOMPARE(cache.getDeviceDescriptors().at(0).address, 7);
+    QCOMPARE(cache.getBlueprints().at(0).nodes.size(), size_t(1));
+    QCOMPARE(cache.getScheduleDays().at(0).zones.size(), 1);
+    QCOMPARE(cache.getImageItems().at(0).cropHeight, 8.0);
+    QCOMPARE(*cache.getIndicatorStates().at(0).text, QString("Авария"));
+    QCOMPARE(cache.getView3DItems().at(0).rotationZ, 9.0);
+    QCOMPARE(cache.getPowerOnStatistics().at(0).powerOnHours, 12.5);
     QCOMPARE(m_link->errors.size(), size_t(0));
 }
 
@@ -198,25 +206,31 @@ void PublicationsTest::singleObjectIsAListOfOne()
 
 void PublicationsTest::anyLocaleSuffixIsAccepted_data()
 {
-    QTest::addColumn<QByteArray>("topic");
+    QTest::addColumn<QByteArray>("suffix");
     QTest::addColumn<bool>("accepted");
 
-    QTest::newRow("own") << QByteArray("device_types/ru_RU") << true;
-    QTest::newRow("foreign") << QByteArray("device_types/xx") << true;
-    QTest::newRow("empty") << QByteArray("device_types/") << true;
-    QTest::newRow("no slash") << QByteArray("device_types") << false;
-    QTest::newRow("another word") << QByteArray("device_types_of/ru") << false;
+    QTest::newRow("own") << QByteArray("/ru_RU") << true;
+    QTest::newRow("foreign") << QByteArray("/xx") << true;
+    QTest::newRow("empty") << QByteArray("/") << true;
+    QTest::newRow("no slash") << QByteArray() << false;
+    QTest::newRow("another word") << QByteArray("_of/ru") << false;
 }
 
 void PublicationsTest::anyLocaleSuffixIsAccepted()
 {
-    QFETCH(QByteArray, topic);
+    QFETCH(QByteArray, suffix);
     QFETCH(bool, accepted);
     QSignalSpy types(m_link.get(), &Link::devicesTypesReceived);
+    QSignalSpy nodes(m_link.get(), &Link::actionNodesReceived);
+    QSignalSpy blueprints(m_link.get(), &Link::blueprintsReceived);
 
-    receive(topic, list({}));
+    receive("device_types" + suffix, list({}));
+    receive("action_nodes" + suffix, list({}));
+    receive("blueprints" + suffix, list({}));
 
     QCOMPARE(types.size(), accepted ? 1 : 0);
+    QCOMPARE(nodes.size(), accepted ? 1 : 0);
+    QCOMPARE(blueprints.size(), accepted ? 1 : 0);
 }
 
 void PublicationsTest::unknownTopicIsIgnored_data()
@@ -242,17 +256,15 @@ void PublicationsTest::unknownTopicIsIgnored()
     QCOMPARE(m_link->getServerVersion().toString(), QString("4.9.9")); // read before the topic is looked at
 }
 
-void PublicationsTest::topicsWithoutRecordsCountForVersionAndErrors_data()
+void PublicationsTest::everyTopicCountsForVersionAndErrors_data()
 {
     QTest::addColumn<QByteArray>("topic");
 
-    for (const char *topic :
-         {"action_nodes/ru_RU", "button_states", "settings", "buttons", "indicators", "blueprints/ru_RU", "schedules",
-          "image_items", "indicator_states", "view_3d_items", "power_on_statistics"})
-        QTest::newRow(topic) << QByteArray(topic);
+    for (const auto &published : publishedDocuments())
+        QTest::newRow(published.topic) << published.topic;
 }
 
-void PublicationsTest::topicsWithoutRecordsCountForVersionAndErrors()
+void PublicationsTest::everyTopicCountsForVersionAndErrors()
 {
     QFETCH(QByteArray, topic);
 
@@ -262,6 +274,71 @@ void PublicationsTest::topicsWithoutRecordsCountForVersionAndErrors()
 
     receive(topic, R"({"errors":[{"code":"broken","title":"t","detail":"d"}]})");
     QCOMPARE(m_link->errorCodes, QStringList{"broken"});
+}
+
+void PublicationsTest::eachTopicHasItsSignal_data()
+{
+    QTest::addColumn<QByteArray>("signal");
+
+    const QByteArrayList signalNames{"devicesStatesReceived",   "devicesTypesReceived", "actionNodesReceived",
+                                     "buttonStateListReceived", "devicesModesReceived", "backendUserListReceived",
+                                     "settingsReceived",        "shopPartsReceived",    "zonesReceived",
+                                     "buttonsReceived",         "indicatorsReceived",   "devicesReceived",
+                                     "blueprintsReceived",      "schedulesReceived",    "imageItemsReceived",
+                                     "indicatorStatesReceived", "view3DItemsReceived",  "powerOnStatisticsReceived"};
+    for (int i = 0; i < signalNames.size(); ++i)
+        QTest::newRow(publishedDocuments().at(static_cast<size_t>(i)).topic) << signalNames.at(i);
+}
+
+void PublicationsTest::eachTopicHasItsSignal()
+{
+    QFETCH(QByteArray, signal);
+    const QByteArray topic(QTest::currentDataTag());
+    const auto &documents = publishedDocuments();
+    const auto published =
+        std::find_if(documents.begin(), documents.end(),
+                     [&topic](const PublishedDocument &document) { return document.topic == topic; });
+    QVERIFY(published != documents.end());
+    // Every signal of a list, that none but the right one comes.
+    std::vector<std::unique_ptr<QSignalSpy>> spies;
+    const auto *meta = m_link->metaObject();
+    for (int i = 0; i < meta->methodCount(); ++i) {
+        if (meta->method(i).methodType() == QMetaMethod::Signal && meta->method(i).name().endsWith("Received"))
+            spies.push_back(std::make_unique<QSignalSpy>(m_link.get(), meta->method(i)));
+    }
+
+    receive(topic, list(published->entity + "," + published->entity));
+
+    QByteArrayList emitted;
+    for (const auto &spy : spies) {
+        for (int i = 0; i < spy->size(); ++i)
+            emitted << spy->signal().left(spy->signal().indexOf('('));
+    }
+    QCOMPARE(emitted, QByteArrayList{signal});
+}
+
+void PublicationsTest::lastSettingsCount()
+{
+    QSignalSpy settings(m_link.get(), &Link::settingsReceived);
+
+    receive("settings",
+            list(R"({"type":"settings","id":"1","attributes":{"mrf":[{"pan":1}]}},)"
+                 R"({"type":"settings","id":"2","attributes":{"mrf":[{"pan":2}]}})"));
+
+    QCOMPARE(settings.size(), 1);
+    QCOMPARE(m_link->getDataCache().getSettings().mrf.size(), size_t(1));
+    QCOMPARE(int(m_link->getDataCache().getSettings().mrf.front().hostPan), 2);
+}
+
+void PublicationsTest::emptySettingsAreNotAnnounced()
+{
+    receive("settings", list(R"({"type":"settings","id":"1","attributes":{"mrf":[{"pan":1}]}})"));
+    QSignalSpy settings(m_link.get(), &Link::settingsReceived);
+
+    receive("settings", list({}));
+
+    QCOMPARE(settings.size(), 0);
+    QCOMPARE(m_link->getDataCache().getSettings().mrf.size(), size_t(1));
 }
 
 void PublicationsTest::serverVersionIsAnnouncedWhenItChanges()
