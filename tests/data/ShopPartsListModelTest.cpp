@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "data/ShopPartsListModel.h"
+#include "MirrorList.h"
 #include "Records.h"
 #include "ScriptTools.h"
 #include "SignalLog.h"
@@ -9,6 +10,8 @@
 
 #include <QAbstractItemModelTester>
 #include <QJSEngine>
+#include <QRandomGenerator>
+#include <algorithm>
 
 using namespace Records;
 using Role = ShopPartsListModel::Role;
@@ -73,6 +76,51 @@ private slots:
         QCOMPARE(column(site.parts, Role::Name), QStringList({"B"}));
         site.link.publishUsers({user("anna")});
         QCOMPARE(column(site.parts, Role::Name), QStringList({"B", "a", "c"}));
+    }
+
+    void everyChangeIsAnnounced()
+    {
+        Site site;
+        QRandomGenerator random(5);
+        site.link.logIn("anna", "user");
+        site.link.publishShopParts({part(1, "a")});
+        QStringList published{text(1)};
+        QSet<QUuid> allowed;
+        bool limited = false;
+        QAbstractItemModelTester tester(&site.parts, QAbstractItemModelTester::FailureReportingMode::Warning);
+        const MirrorList mirror(site.parts);
+
+        for (int turn = 0; turn < 300; ++turn) {
+            const bool newRights = random.bounded(3) == 0;
+            std::vector<Model::ShopPart> parts;
+            if (newRights) {
+                limited = random.bounded(2) == 1;
+                allowed = {uid(1), uid(uint(random.bounded(12))), uid(uint(random.bounded(12)))};
+            } else {
+                for (uint n = 1; n <= 12; ++n) {
+                    if (n == 1 || random.bounded(2) == 1)
+                        parts.push_back(part(n, QString::number(random.bounded(9))));
+                }
+                std::shuffle(parts.begin(), parts.end(), random);
+                published.clear();
+                for (const auto &record : parts)
+                    published << record.uid.toString();
+            }
+            QStringList visible;
+            for (const auto &uid : qAsConst(published)) {
+                if (!limited || allowed.contains(QUuid(uid)))
+                    visible << uid;
+            }
+            const auto expected = MirrorList::merged(column(site.parts, Role::Uid), visible);
+
+            if (newRights)
+                site.link.publishUsers({limited ? limitedUser("anna", allowed) : user("anna")});
+            else
+                site.link.publishShopParts(parts);
+
+            QCOMPARE(column(site.parts, Role::Uid), expected);
+            QCOMPARE(mirror.difference(), QString());
+        }
     }
 
     void aModelMadeLateReadsWhatWasPublished()
