@@ -311,6 +311,17 @@ private slots:
         QCOMPARE(site.link.buttons.at(0).position, (Model::Position{0, 80}));
     }
 
+    void searchKeepsSinglePrecisionFromStepToStep()
+    {
+        Site site;
+        // 0.7 in single precision is less than 0.7, so that the second button of the line counts as a lower one.
+        site.link.publishButtons({placed(1, 0, 0.7, 500, 5), placed(2, 0, 0.7, 70, 5)});
+
+        site.buttons.addButton(site.engine.evaluate(QString("({partUid: '%1'})").arg(text(3))));
+
+        QCOMPARE(site.link.buttons.at(0).position, (Model::Position{70, double(0.7F)}));
+    }
+
     void searchesAmongButtonsThatTheUserMayNotSee()
     {
         Site site;

@@ -163,6 +163,8 @@ private slots:
         QTest::newRow("none") << QVariant() << "";
         QTest::newRow("list") << QVariant(QVariantList{1, "two"}) << R"([1,"two"])";
         QTest::newRow("map") << QVariant(QVariantMap{{"b", 1}, {"a", QVariantList{2.5}}}) << R"({"a":[2.5],"b":1})";
+        QTest::newRow("empty list") << QVariant(QVariantList()) << "[]";
+        QTest::newRow("empty map") << QVariant(QVariantMap()) << "{}";
         QTest::newRow("markup stays a text") << QVariant("<b>1</b>") << "<b>1</b>";
     }
 
