@@ -45,6 +45,12 @@ QByteArray resource(const QString &name)
     return file.readAll();
 }
 
+// Of the server's own nodes; what the shared blueprints of sensors are made of is the client's affair.
+Model::ActionBlueprint graph(const QString &name)
+{
+    return Model::ActionBlueprint::fromVariant(QJsonDocument::fromJson(resource(name)).toVariant());
+}
+
 QMap<QString, QVariantMap> translationsFrom(const QVariant &languages)
 {
     QMap<QString, QVariantMap> translations;
@@ -357,8 +363,9 @@ std::vector<SiteBlueprint> SiteObjects::standardBlueprints()
     for (const auto &node : nodes())
         descriptions.push_back(node.description);
     std::vector<SiteBlueprint> blueprints;
-    for (const auto &blueprint : {indoorLuxSensor(), setPower(), setAutoMode(), outdoorLuxSensor(), setManualMode(),
-                                  debugAllNodes(descriptions)}) {
+    for (const auto &blueprint :
+         {graph(QStringLiteral("indoor_sensor.json")), setPower(), setAutoMode(),
+          graph(QStringLiteral("outdoor_sensor.json")), setManualMode(), debugAllNodes(descriptions)}) {
         const auto overlays = texts.value(blueprint.uid.toString()).toObject().toVariantMap();
         blueprints.push_back({blueprint, translationsFrom(overlays)});
     }
