@@ -81,17 +81,17 @@ DeviceFaultsListModel::FaultInfo DeviceFaultsListModel::getFaultInfo(const Model
                                                                      const Model::DeviceState &state,
                                                                      const QDateTime &now) const
 {
-    return faultOf(descriptor.url, pollingIntervalOf(descriptor), state.state, now);
+    return faultOf(descriptor.url, pollingIntervalOf(descriptor), state.state, Moment(now));
 }
 
 DeviceFaultsListModel::FaultInfo DeviceFaultsListModel::faultOf(const QUrl &url, const QVariant &pollingInterval,
-                                                                const QVariantMap &state, const QDateTime &now) const
+                                                                const QVariantMap &state, const Moment &now) const
 {
     static const QVersionNumber countsBeacons(4, 5, 0);
     static const QUrl beacon(QStringLiteral("Beacon.qml"));
     static const auto errorsKey = QStringLiteral("errors");
     FaultInfo info;
-    info.faultTime = now;
+    info.faultTime = now.time;
     const int errors = Model::intFrom(state.value(errorsKey));
     const int interval = Model::intFrom(pollingInterval);
     if (errors <= 0 || interval <= 0)
@@ -101,18 +101,18 @@ DeviceFaultsListModel::FaultInfo DeviceFaultsListModel::faultOf(const QUrl &url,
     if (server < countsBeacons && url == beacon)
         return info; // older servers had no reliable counter for them
     // In 64 bits: two full ints make 2^62 milliseconds at most.
-    const qint64 present = now.toMSecsSinceEpoch();
-    const qint64 intoInterval = (present % interval + interval) % interval;
-    info.errorCount = errors;
-    info.faultTime = now.addMSecs(-intoInterval - static_cast<qint64>(errors) * interval);
+    const qint64 intoInterval = (now.milliseconds % interval + interval) % interval;
+    const qint64 length = intoInterval + static_cast<qint64>(errors) * interval;
     constexpr qint64 longest = std::numeric_limits<int>::max();
-    info.faultLengthSec = static_cast<int>(qBound(-longest, info.faultTime.secsTo(now), longest));
+    info.errorCount = errors;
+    info.faultTime.setMSecsSinceEpoch(now.milliseconds - length); // keeps the time zone
+    info.faultLengthSec = static_cast<int>(qMin(length / 1000, longest));
     return info;
 }
 
 void DeviceFaultsListModel::onDevicesUpdated()
 {
-    const auto now = m_clock();
+    const Moment now(m_clock());
     const auto &devices = m_devices.getDevices();
     std::vector<Item> items;
     items.reserve(static_cast<std::size_t>(devices.size()));
@@ -142,7 +142,7 @@ void DeviceFaultsListModel::onDevicesUpdated()
 void DeviceFaultsListModel::onDeviceStatesUpdated(const std::vector<Model::DeviceState> &states)
 {
     static const QVector<int> roles{ErrorCount, FaultTime, FaultLengthSec};
-    const auto now = m_clock();
+    const Moment now(m_clock());
     UidIndex incoming(states.size());
     for (std::size_t i = 0; i < states.size(); ++i) {
         incoming.insertLast(states[i].uid, static_cast<int>(i));

@@ -69,8 +69,20 @@ signals:
     void deviceFaultsUpdated();
 
 private:
+    // The present in both forms: local time is dear to convert for thousands of devices.
+    struct Moment
+    {
+        explicit Moment(const QDateTime &present)
+            : time(present)
+            , milliseconds(present.toMSecsSinceEpoch())
+        {}
+
+        QDateTime time;
+        qint64 milliseconds;
+    };
+
     FaultInfo faultOf(const QUrl &url, const QVariant &pollingInterval, const QVariantMap &state,
-                      const QDateTime &now) const;
+                      const Moment &now) const;
     void onStatusChanged();
 
     AbstractBackendCommunicator &m_communicator;
