@@ -104,6 +104,89 @@
     </message>
 </context>
 <context>
+    <name>DefaultActions</name>
+    <message>
+        <source>Датчик освещенности</source>
+        <translation>Light sensor</translation>
+    </message>
+    <message>
+        <source>Действие, если меньше</source>
+        <translation>Action when less</translation>
+    </message>
+    <message>
+        <source>Действие, если равно</source>
+        <translation>Action when equal</translation>
+    </message>
+    <message>
+        <source>Действие, если больше</source>
+        <translation>Action when greater</translation>
+    </message>
+    <message>
+        <source>Целевая освещенность, лк</source>
+        <translation>Target illuminance, lx</translation>
+    </message>
+    <message>
+        <source>Нижняя граница мощности, %</source>
+        <translation>Lower limit of the power, %</translation>
+    </message>
+    <message>
+        <source>Верхняя граница мощности, %</source>
+        <translation>Upper limit of the power, %</translation>
+    </message>
+    <message>
+        <source>Ошибка регулирования, лк</source>
+        <translation>Control error, lx</translation>
+    </message>
+    <message>
+        <source>Мощность, %</source>
+        <translation>Power, %</translation>
+    </message>
+    <message>
+        <source>Мощность 100%, если освещенность меньше</source>
+        <translation>Power 100% when the illuminance is below</translation>
+    </message>
+    <message>
+        <source>Мощность 0%, если освещенность больше</source>
+        <translation>Power 0% when the illuminance is above</translation>
+    </message>
+    <message>
+        <source>Датчик контакта</source>
+        <translation>Contact sensor</translation>
+    </message>
+    <message>
+        <source>Действие при замыкании</source>
+        <translation>Action on closing</translation>
+    </message>
+    <message>
+        <source>Действие при размыкании</source>
+        <translation>Action on opening</translation>
+    </message>
+    <message>
+        <source>Свойство</source>
+        <translation>Property</translation>
+    </message>
+    <message>
+        <source>Константа</source>
+        <translation>Constant</translation>
+    </message>
+    <message>
+        <source>Первое свойство</source>
+        <translation>First property</translation>
+    </message>
+    <message>
+        <source>Второе свойство</source>
+        <translation>Second property</translation>
+    </message>
+    <message>
+        <source>Действие</source>
+        <translation>Action</translation>
+    </message>
+    <message>
+        <source>Задержка, с</source>
+        <translation>Delay, s</translation>
+    </message>
+</context>
+<context>
     <name>DesktopPage</name>
     <message>
         <source>Объект пуст</source>
@@ -256,6 +339,65 @@
     <message>
         <source>Масштаб +10%</source>
         <translation>Zoom in 10%</translation>
+    </message>
+</context>
+<context>
+    <name>StandardBlueprints</name>
+    <message>
+        <source>Установить мощность</source>
+        <translation>Set the power</translation>
+    </message>
+    <message>
+        <source>Мощность</source>
+        <translation>Power</translation>
+    </message>
+    <message>
+        <source>Перевести в ручной режим</source>
+        <translation>Switch to manual mode</translation>
+    </message>
+    <message>
+        <source>Перевести в автоматический режим</source>
+        <translation>Switch to automatic mode</translation>
+    </message>
+    <message>
+        <source>Мощность по внутреннему датчику освещенности</source>
+        <translation>Power by an indoor light sensor</translation>
+    </message>
+    <message>
+        <source>Датчик освещенности</source>
+        <translation>Light sensor</translation>
+    </message>
+    <message>
+        <source>Ошибка регулирования, лк</source>
+        <translation>Control error, lx</translation>
+    </message>
+    <message>
+        <source>Целевая освещенность, лк</source>
+        <translation>Target illuminance, lx</translation>
+    </message>
+    <message>
+        <source>Нижняя граница мощности, %</source>
+        <translation>Lower limit of the power, %</translation>
+    </message>
+    <message>
+        <source>Верхняя граница мощности, %</source>
+        <translation>Upper limit of the power, %</translation>
+    </message>
+    <message>
+        <source>Мощность по внешнему датчику освещенности</source>
+        <translation>Power by an outdoor light sensor</translation>
+    </message>
+    <message>
+        <source>Мощность 100%, если освещенность меньше</source>
+        <translation>Power 100% when the illuminance is below</translation>
+    </message>
+    <message>
+        <source>Мощность 0%, если освещенность больше</source>
+        <translation>Power 0% when the illuminance is above</translation>
+    </message>
+    <message>
+        <source>Отладка: все узлы</source>
+        <translation>Debugging: all nodes</translation>
     </message>
 </context>
 <context>

@@ -18,10 +18,11 @@ constexpr int columnWidth = 384;
 constexpr int rowHeight = 32;
 constexpr int firstRow = 128;
 
-QString translated(const char *text)
+// Gives tr() to functions.
+class Texts
 {
-    return QCoreApplication::translate("StandardBlueprints", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(StandardBlueprints)
+};
 
 ActionBlueprint systemBlueprint(const QString &name, const QUuid &uid)
 {
@@ -104,13 +105,13 @@ QUuid debugAllNodesUid()
 
 ActionBlueprint setPower()
 {
-    auto blueprint = systemBlueprint(translated("Установить мощность"), setPowerUid());
+    auto blueprint = systemBlueprint(Texts::tr("Установить мощность"), setPowerUid());
 
     auto &number = addNode(blueprint, "type/integer", persistentUID(100), firstPlace);
     auto &power = number.property("value");
     power.value = ActionDatatype(0LL);
     power.valueLimits = ActionValueLimits::integer(0, 100);
-    power.userDescription = translated("Мощность");
+    power.userDescription = Texts::tr("Мощность");
     power.exposed = true;
     power.globalName = "power";
 
@@ -123,39 +124,39 @@ ActionBlueprint setPower()
 
 ActionBlueprint setManualMode()
 {
-    return setMode(translated("Перевести в ручной режим"), setManualModeUid(), 0);
+    return setMode(Texts::tr("Перевести в ручной режим"), setManualModeUid(), 0);
 }
 
 ActionBlueprint setAutoMode()
 {
-    return setMode(translated("Перевести в автоматический режим"), setAutoModeUid(), 1);
+    return setMode(Texts::tr("Перевести в автоматический режим"), setAutoModeUid(), 1);
 }
 
 ActionBlueprint indoorLuxSensor()
 {
     return luxSensor(":/standard_blueprints/indoor_sensor.json",
-                     translated("Мощность по внутреннему датчику освещенности"), indoorLuxSensorUid(),
-                     {{"lightSensor", translated("Датчик освещенности")},
-                      {"errorMargin", translated("Ошибка регулирования, лк")},
-                      {"targetLux", translated("Целевая освещенность, лк")},
-                      {"lowerBound", translated("Нижняя граница мощности, %")},
-                      {"upperBound", translated("Верхняя граница мощности, %")}});
+                     Texts::tr("Мощность по внутреннему датчику освещенности"), indoorLuxSensorUid(),
+                     {{"lightSensor", Texts::tr("Датчик освещенности")},
+                      {"errorMargin", Texts::tr("Ошибка регулирования, лк")},
+                      {"targetLux", Texts::tr("Целевая освещенность, лк")},
+                      {"lowerBound", Texts::tr("Нижняя граница мощности, %")},
+                      {"upperBound", Texts::tr("Верхняя граница мощности, %")}});
 }
 
 ActionBlueprint outdoorLuxSensor()
 {
     return luxSensor(":/standard_blueprints/outdoor_sensor.json",
-                     translated("Мощность по внешнему датчику освещенности"), outdoorLuxSensorUid(),
-                     {{"lightSensor", translated("Датчик освещенности")},
-                      {"minBrightness", translated("Мощность 100%, если освещенность меньше")},
-                      {"maxBrightness", translated("Мощность 0%, если освещенность больше")},
-                      {"lowerBound", translated("Нижняя граница мощности, %")},
-                      {"upperBound", translated("Верхняя граница мощности, %")}});
+                     Texts::tr("Мощность по внешнему датчику освещенности"), outdoorLuxSensorUid(),
+                     {{"lightSensor", Texts::tr("Датчик освещенности")},
+                      {"minBrightness", Texts::tr("Мощность 100%, если освещенность меньше")},
+                      {"maxBrightness", Texts::tr("Мощность 0%, если освещенность больше")},
+                      {"lowerBound", Texts::tr("Нижняя граница мощности, %")},
+                      {"upperBound", Texts::tr("Верхняя граница мощности, %")}});
 }
 
 ActionBlueprint debugAllNodes(const std::vector<NodeDescription> &descriptions)
 {
-    auto blueprint = systemBlueprint(translated("Отладка: все узлы"), debugAllNodesUid());
+    auto blueprint = systemBlueprint(Texts::tr("Отладка: все узлы"), debugAllNodesUid());
     blueprint.nodes.reserve(descriptions.size());
     Position position{-256, firstRow};
     QString category;
