@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the binary seeds: `fuzz_seeds FOLDER` fills a folder for each target. Seeds that are texts lie in seeds/.
+#include "link/PublishedDocuments.h"
 #include "link/document/ZmqBinaryMessage.h"
 #include "link/document/ZmqMessageHeader.h"
 
@@ -52,6 +53,18 @@ bool writeBinaryMessages(const QDir &folder)
         && write(folder, "negative", QByteArray("\xFF\xFF\xFF\xFFkey", 7));
 }
 
+bool writePublications(const QDir &folder)
+{
+    bool written = true;
+    for (const auto &published : publishedDocuments()) {
+        const auto name = QString::fromLatin1(published.topic).replace('/', '_');
+        written = write(folder, name, published.topic + '\n' + published.document()) && written;
+    }
+    return written && write(folder, "empty", "zones\n" + PublishedDocument::list({}))
+        && write(folder, "errors", R"(zones
+{"errors":[{"code":"auth_error","title":"t","detail":"d"}]})");
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -62,7 +75,8 @@ int main(int argc, char **argv)
     }
     const QDir root(QFile::decodeName(argv[1]));
     const bool written = root.mkpath("frames") && writeFrames(root.filePath("frames")) && root.mkpath("binary")
-        && writeBinaryMessages(root.filePath("binary"));
+        && writeBinaryMessages(root.filePath("binary")) && root.mkpath("publications")
+        && writePublications(root.filePath("publications"));
     if (!written)
         std::fprintf(stderr, "The seeds could not be written below %s\n", argv[1]);
     return written ? 0 : 1;
