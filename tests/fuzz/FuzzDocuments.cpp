@@ -9,16 +9,24 @@
 #include "model/BothRoads.h"
 #include "model/ParameterDeclaration.h"
 #include "model/json/ActionBlueprintInstance.h"
+#include "model/json/Button.h"
+#include "model/json/ButtonState.h"
 #include "model/json/Device.h"
 #include "model/json/DeviceMode.h"
 #include "model/json/DeviceState.h"
 #include "model/json/DeviceStatesReader.h"
 #include "model/json/DeviceType.h"
+#include "model/json/ImageItem.h"
+#include "model/json/Indicator.h"
+#include "model/json/IndicatorState.h"
 #include "model/json/Label.h"
+#include "model/json/RadioStatus.h"
+#include "model/json/Settings.h"
 #include "model/json/Shop.h"
 #include "model/json/ShopPart.h"
 #include "model/json/TimeInfo.h"
 #include "model/json/UserInfo.h"
+#include "model/json/View3DItem.h"
 #include "model/json/Zone.h"
 
 #include <QJsonDocument>
@@ -47,9 +55,16 @@ void readRecord(const Entity &entity, const char *what)
 
 void readEntity(const Entity &entity)
 {
+    readRecord<JsonAPI::ButtonState>(entity, "the state of a button stays the same");
+    readRecord<JsonAPI::ImageItem>(entity, "a picture stays the same");
+    readRecord<JsonAPI::Indicator>(entity, "an indicator stays the same");
+    readRecord<JsonAPI::IndicatorState>(entity, "the state of an indicator stays the same");
     readRecord<JsonAPI::Label>(entity, "a label stays the same");
+    readRecord<JsonAPI::RadioStatus>(entity, "the state of a radio stays the same");
+    readRecord<JsonAPI::Settings>(entity, "settings stay the same");
     readRecord<JsonAPI::ShopPart>(entity, "a plan stays the same");
     readRecord<JsonAPI::UserInfo>(entity, "a user stays the same");
+    readRecord<JsonAPI::View3DItem>(entity, "a mesh stays the same");
     readRecord<JsonAPI::Zone>(entity, "a zone stays the same");
     const auto zone = JsonAPI::Zone::fromVariant(entity);
     Fuzz::require(std::isfinite(zone.position.x) && std::isfinite(zone.position.y) && std::isfinite(zone.width)
@@ -57,6 +72,7 @@ void readEntity(const Entity &entity)
                   "geometry is finite");
 
     JsonAPI::ActionBlueprintInstance::toVariant(JsonAPI::ActionBlueprintInstance::fromVariant(entity));
+    JsonAPI::Button::toVariant(JsonAPI::Button::fromVariant(entity));
     JsonAPI::Device::toVariant(JsonAPI::Device::fromVariant(entity));
     JsonAPI::DeviceMode::toVariant(JsonAPI::DeviceMode::fromVariant(entity));
     JsonAPI::DeviceState::toVariant(JsonAPI::DeviceState::fromVariant(entity));
