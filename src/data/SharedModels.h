@@ -2,9 +2,11 @@
 #pragma once
 
 class AbstractBackendCommunicator;
+class ButtonsListModel;
 class DeviceFaultsListModel;
 class DevicesListModel;
 class DeviceTypesListModel;
+class IndicatorsListModel;
 class ShopPartsListModel;
 class UsersListModel;
 class ZonesListModel;
@@ -20,6 +22,8 @@ struct SharedModels
     ShopPartsListModel *shopParts = nullptr;
     ZonesListModel *zones = nullptr;
     DeviceFaultsListModel *deviceFaults = nullptr;
+    ButtonsListModel *buttons = nullptr;
+    IndicatorsListModel *indicators = nullptr;
 
     static SharedModels &instance();
 };
