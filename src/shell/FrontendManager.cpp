@@ -29,6 +29,7 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     , m_communicator(std::make_unique<JsonBackendCommunicator>(this))
     , m_shopController(*m_communicator, this)
     , m_settingsController(*m_communicator, this)
+    , m_scheduleDaysListModel(*m_communicator, this)
     , m_usersListModel(*m_communicator, this)
     , m_deviceTypesListModel(*m_communicator, this)
     , m_devicesListModel(*m_communicator, this)
@@ -37,6 +38,7 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     , m_zonesListModel(*m_communicator, m_devicesListModel, m_deviceFaultsListModel, m_usersListModel, this)
     , m_buttonsListModel(*m_communicator, m_usersListModel, this)
     , m_imageItemsListModel(*m_communicator, m_usersListModel, this)
+    , m_actionsListModel(*m_communicator, this)
     , m_serverTimeController(*m_communicator, this)
     , m_indicatorsListModel(*m_communicator, m_usersListModel, this)
     , m_connectionsListModel(*m_communicator, m_permissionsManager, this)
@@ -71,8 +73,9 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     // The engine takes it over.
     m_engine.addImageProvider(QStringLiteral("image_layer"), new QuickImageLayerProvider(*m_communicator));
     currentInstance = this;
-    SharedModels::instance() = {m_communicator.get(),  &m_usersListModel, &m_deviceTypesListModel, &m_devicesListModel,
-                                &m_shopPartsListModel, &m_zonesListModel, &m_deviceFaultsListModel};
+    SharedModels::instance() = {m_communicator.get(),     &m_usersListModel,     &m_deviceTypesListModel,
+                                &m_devicesListModel,      &m_shopPartsListModel, &m_zonesListModel,
+                                &m_deviceFaultsListModel, &m_buttonsListModel,   &m_indicatorsListModel};
     QQmlFileSelector::get(&m_engine)->setExtraSelectors({QStringLiteral("qt515")});
     registerQmlTypes();
     setContextProperties();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "actions/ActionsListModel.h"
 #include "data/ButtonsListModel.h"
 #include "data/DeviceFaultsListModel.h"
 #include "data/DeviceTypesListModel.h"
@@ -16,6 +17,7 @@
 #include "data/View3DItemsListModel.h"
 #include "data/ZonesListModel.h"
 #include "model/Result.h"
+#include "schedules/ScheduleDaysListModel.h"
 #include "shell/ConnectionsListModel.h"
 #include "shell/RuntimePermissionsManager.h"
 #include "shell/VersionController.h"
@@ -76,6 +78,7 @@ private:
     std::unique_ptr<AbstractBackendCommunicator> m_communicator;
     ShopController m_shopController;
     SettingsController m_settingsController;
+    ScheduleDaysListModel m_scheduleDaysListModel;
     VersionController m_versionController;
     UsersListModel m_usersListModel;
     DeviceTypesListModel m_deviceTypesListModel;
@@ -85,6 +88,7 @@ private:
     ZonesListModel m_zonesListModel;
     ButtonsListModel m_buttonsListModel;
     ImageItemsListModel m_imageItemsListModel;
+    ActionsListModel m_actionsListModel;
     ServerTimeController m_serverTimeController;
     IndicatorsListModel m_indicatorsListModel;
     ConnectionsListModel m_connectionsListModel;

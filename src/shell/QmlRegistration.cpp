@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the manager shows to QML: types, singletons, meta types and context properties.
 #include "actions/ActionSequenceBuilder.h"
+#include "actions/ActionSequenceListModel.h"
 #include "actions/ActionWrapperBuilder.h"
 #include "data/ErrorsListModel.h"
 #include "data/ModelToListAdapter.h"
@@ -13,6 +14,8 @@
 #include "data/qqsfpm/Registration.h"
 #include "link/AbstractBackendCommunicator.h"
 #include "model/RadioDutyCycle.h"
+#include "schedules/SchedulePointWrapper.h"
+#include "schedules/SchedulePointsListModel.h"
 #include "shell/AppSettingsProxy.h"
 #include "shell/ColorTheme.h"
 #include "shell/FrontendManager.h"
@@ -93,6 +96,9 @@ void FrontendManager::registerQmlTypes()
     registerType<ActionSequenceBuilder>("ActionSequenceBuilder");
     registerType<ActionWrapperBuilder>("ActionWrapper");
     registerType<ModelToListAdapter>("ModelToArrayAdapter");
+    registerType<SchedulePointWrapper>("SchedulePoint");
+    registerType<SchedulePointsListModel>("SchedulePointsListModel");
+    registerType<ActionSequenceListModel>("ActionSequenceListModel");
     registerType<StatisticsProvider>("StatisticsProvider");
     registerType<SystemLogProvider>("SystemLogProvider");
     registerType<QmlStringSet>("StringSet");
@@ -169,9 +175,11 @@ void FrontendManager::setContextProperties()
         {"shopController", &m_shopController},
         {"settingsController", &m_settingsController},
         {"versionController", &m_versionController},
+        {"actionsListModel", &m_actionsListModel},
         {"backendCommunicator", m_communicator.get()},
         {"appSettings", m_settingsController.getAppSettings()},
         {"settingsControllser", &m_settingsController}, // an old slip of the pen that scripts go by
+        {"schedulesListModel", &m_scheduleDaysListModel},
         {"zonesListModel", &m_zonesListModel},
         {"buttonsListModel", &m_buttonsListModel},
         {"shopPartsListModel", &m_shopPartsListModel},
