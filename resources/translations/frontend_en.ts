@@ -9,6 +9,17 @@
     </message>
 </context>
 <context>
+    <name>ActionsListModel</name>
+    <message>
+        <source>Новое действие</source>
+        <translation>New action</translation>
+    </message>
+    <message>
+        <source>Копия</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
     <name>BrightnessControl</name>
     <message>
         <source>Авто режим</source>
@@ -21,6 +32,13 @@
     <message>
         <source>Яркость %1%</source>
         <translation>Brightness %1%</translation>
+    </message>
+</context>
+<context>
+    <name>ButtonsListModel</name>
+    <message>
+        <source>Кнопка</source>
+        <translation>Button</translation>
     </message>
 </context>
 <context>
@@ -228,6 +246,13 @@
     </message>
 </context>
 <context>
+    <name>IndicatorsListModel</name>
+    <message>
+        <source>Индикатор</source>
+        <translation>Indicator</translation>
+    </message>
+</context>
+<context>
     <name>JsonBackendCommunicator</name>
     <message>
         <source>Некорректный адрес сервера (%1)</source>
@@ -248,6 +273,14 @@
     <message>
         <source>Файл резервной копии поврежден</source>
         <translation>The backup file is damaged</translation>
+    </message>
+    <message>
+        <source>Не удалось загрузить изображение</source>
+        <translation>The picture could not be loaded</translation>
+    </message>
+    <message>
+        <source>Не удалось загрузить 3D объект</source>
+        <translation>The 3D object could not be loaded</translation>
     </message>
 </context>
 <context>
@@ -339,6 +372,56 @@
     <message>
         <source>Масштаб +10%</source>
         <translation>Zoom in 10%</translation>
+    </message>
+</context>
+<context>
+    <name>ScheduleDaysListModel</name>
+    <message>
+        <source>День</source>
+        <translation>Day</translation>
+    </message>
+    <message>
+        <source>Копия</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
+    <name>SchedulePointsListModel</name>
+    <message>
+        <source>Отсутствующее устройство</source>
+        <translation>Missing device</translation>
+    </message>
+    <message>
+        <source>Устройство: %1</source>
+        <translation>Device: %1</translation>
+    </message>
+    <message>
+        <source>Отсутствующая кнопка</source>
+        <translation>Missing button</translation>
+    </message>
+    <message>
+        <source>Кнопка: %1</source>
+        <translation>Button: %1</translation>
+    </message>
+    <message>
+        <source>Отсутствующий индикатор</source>
+        <translation>Missing indicator</translation>
+    </message>
+    <message>
+        <source>Индикатор: %1</source>
+        <translation>Indicator: %1</translation>
+    </message>
+    <message>
+        <source>Не задано</source>
+        <translation>Not set</translation>
+    </message>
+    <message>
+        <source>Да</source>
+        <translation>Yes</translation>
+    </message>
+    <message>
+        <source>Нет</source>
+        <translation>No</translation>
     </message>
 </context>
 <context>

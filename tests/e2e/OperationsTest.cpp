@@ -118,17 +118,35 @@ void OperationsTest::initTestCase()
     QVERIFY(m_link->init(m_site.address(), QStringLiteral("admin"), QStringLiteral("admin"), m_link->getControlPort(),
                          m_link->getUpdatePort()));
     // Every list of the site comes by itself.
-    const auto complete = [this] {
-        return !cache().getButtonStates().empty() && !cache().getUsers().empty() && !cache().getDeviceStates().empty()
-            && !cache().getDeviceTypes().empty() && !cache().getDeviceModes().empty()
-            && !cache().getActionNodes().empty() && !cache().getShopParts().empty() && !cache().getZones().empty()
-            && !cache().getButtons().empty() && !cache().getIndicators().empty()
-            && !cache().getDeviceDescriptors().empty() && !cache().getBlueprints().empty()
-            && !cache().getScheduleDays().empty() && !cache().getSettings().mrf.empty()
-            && !cache().getImageItems().empty() && !cache().getIndicatorStates().empty()
-            && !cache().getView3DItems().empty() && !cache().getPowerOnStatistics().empty();
+    const auto missing = [this] {
+        const std::pair<const char *, bool> lists[] = {
+            {"button states", cache().getButtonStates().empty()},
+            {"users", cache().getUsers().empty()},
+            {"device states", cache().getDeviceStates().empty()},
+            {"device types", cache().getDeviceTypes().empty()},
+            {"device modes", cache().getDeviceModes().empty()},
+            {"action nodes", cache().getActionNodes().empty()},
+            {"parts", cache().getShopParts().empty()},
+            {"zones", cache().getZones().empty()},
+            {"buttons", cache().getButtons().empty()},
+            {"indicators", cache().getIndicators().empty()},
+            {"devices", cache().getDeviceDescriptors().empty()},
+            {"blueprints", cache().getBlueprints().empty()},
+            {"schedules", cache().getScheduleDays().empty()},
+            {"settings", cache().getSettings().mrf.empty()},
+            {"pictures", cache().getImageItems().empty()},
+            {"indicator states", cache().getIndicatorStates().empty()},
+            {"meshes", cache().getView3DItems().empty()},
+            {"run hours", cache().getPowerOnStatistics().empty()},
+        };
+        QStringList names;
+        for (const auto &list : lists) {
+            if (list.second)
+                names << QString::fromLatin1(list.first);
+        }
+        return names;
     };
-    QTRY_VERIFY_WITH_TIMEOUT(complete(), patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(missing(), QStringList(), patienceMs);
     QCOMPARE(m_link->getStatus(), Link::Connected);
 }
 
