@@ -35,9 +35,12 @@ QJsonObject contextProperties(FrontendManager &manager)
     }
     QJsonArray objects;
     for (const char *name :
-         {"shopController", "versionController", "backendCommunicator", "zonesListModel", "shopPartsListModel",
-          "usersListModel", "usersController", "devicesListModel", "deviceTypesListModel", "serverTimeController",
-          "connectionsListModel", "permissionsManager"}) {
+         {"shopController", "settingsController", "versionController", "actionsListModel", "backendCommunicator",
+          "appSettings", "settingsControllser", "schedulesListModel", "zonesListModel", "buttonsListModel",
+          "shopPartsListModel", "imageItemsListModel", "usersListModel", "usersController", "devicesListModel",
+          "deviceTypesListModel", "serverTimeController", "indicatorsListModel", "connectionsListModel",
+          "radioDevicesListModel", "view3DItemsListModel", "powerOnStatisticsListModel", "deviceFaultsListModel",
+          "permissionsManager"}) {
         const auto value = manager.getEngine().rootContext()->contextProperty(QString::fromLatin1(name));
         if (value.value<QObject *>())
             objects.append(QString::fromLatin1(name));
