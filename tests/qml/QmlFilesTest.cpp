@@ -28,6 +28,39 @@ private:
         return found;
     }
 
+    // The folder of the module that the file belongs to: the nearest one that describes a module.
+    static QString moduleFolder(const QString &file)
+    {
+        QString folder = file.section('/', 0, -2);
+        while (!folder.isEmpty() && source(folder + "/qmldir").isEmpty())
+            folder = folder.section('/', 0, -2);
+        return folder;
+    }
+
+    // The line of the module that names the file, in its words: "singleton", the type, the version, the file.
+    static QStringList typeOf(const QString &file)
+    {
+        const QString folder = moduleFolder(file);
+        const auto lines = source(folder + "/qmldir").split('\n');
+        for (const auto &line : lines) {
+            const auto words = line.split(' ');
+            if (words.size() >= 3 && words.last() == file.mid(folder.size() + 1))
+                return words;
+        }
+        return {};
+    }
+
+    // Files of a selector stand in for the type of the same name.
+    static void typedFiles()
+    {
+        QTest::addColumn<QString>("file");
+
+        for (const auto &file : files()) {
+            if (file != "main.qml" && !file.contains("/+"))
+                QTest::newRow(qPrintable(file)) << file;
+        }
+    }
+
 private slots:
     void theListOfResourcesIsComplete()
     {
@@ -44,36 +77,41 @@ private slots:
         QCOMPARE(listed, onDisk);
     }
 
-    void isATypeOfItsModule_data()
-    {
-        QTest::addColumn<QString>("file");
-
-        for (const auto &file : files()) {
-            if (file != "main.qml")
-                QTest::newRow(qPrintable(file)) << file;
-        }
-    }
+    void isATypeOfItsModule_data() { typedFiles(); }
 
     void isATypeOfItsModule()
     {
         QFETCH(QString, file);
-        const QString module = file.section('/', 0, 0);
-        const QString name = QFileInfo(file).completeBaseName();
-        const auto lines = source(module + "/qmldir").split('\n');
+        const QString folder = moduleFolder(file);
+        QString module = folder;
+        const auto type = typeOf(file);
 
-        QVERIFY(lines.contains("module " + module));
-        const bool isSingleton = source(file).contains("\npragma Singleton\n");
-        QVERIFY(lines.contains(
-            QStringLiteral("%1%2 1.0 %3").arg(isSingleton ? "singleton " : "", name, file.section('/', 1))));
+        QVERIFY(source(folder + "/qmldir").split('\n').contains("module " + module.replace('/', '.')));
+        QVERIFY(!type.isEmpty());
+        QCOMPARE(type.at(type.size() - 2), QString("1.0"));
+        QCOMPARE(type.first() == "singleton", source(file).contains("\npragma Singleton\n"));
     }
 
-    void anInstanceSaysNothing_data() { isATypeOfItsModule_data(); }
+    void aVariantStandsInForAType()
+    {
+        for (const auto &file : files()) {
+            if (file.contains("/+"))
+                QVERIFY2(!typeOf(QString(file).replace(QRegularExpression("/\\+[a-z0-9]+/"), "/")).isEmpty(),
+                         qPrintable(file));
+        }
+    }
+
+    void anInstanceSaysNothing_data() { typedFiles(); }
 
     void anInstanceSaysNothing()
     {
         QFETCH(QString, file);
-        const QByteArray name = QFileInfo(file).completeBaseName().toUtf8();
-        const bool isSingleton = source(file).contains("\npragma Singleton\n");
+        auto type = typeOf(file);
+        QVERIFY(!type.isEmpty());
+        const bool isSingleton = type.first() == "singleton";
+        const QString folder = moduleFolder(file);
+        const QString prefix = folder == "Fluid/Core" ? "FLC." : folder == "Fluid/Controls" ? "FL." : "";
+        const QByteArray name = (prefix + type.at(isSingleton ? 1 : 0)).toUtf8();
         Stage stage;
 
         stage.show(isSingleton ? "property var subject: " + name : "property var subject: " + name + " {}");

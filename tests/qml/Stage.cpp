@@ -29,6 +29,8 @@ import QtQml.Models 2.15
 import Backend 1.0
 import EnhancedMaterial 1.0
 import Errors 1.0
+import Fluid.Controls 1.0 as FL
+import Fluid.Core 1.0 as FLC
 import colors 1.0
 import controls 1.0
 import mainView 1.0

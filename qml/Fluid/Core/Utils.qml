@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+pragma Singleton
+import QtQuick 2.15
+
+// Where things of the control library are.
+QtObject {
+    // "group/name" is an icon of the set, anything with a scheme is taken as it is, and nothing is nothing.
+    function iconUrl(name) {
+        if (!name)
+            return ""
+        return /^[a-z0-9_]+:/.test(name) ? name : "qrc:/icons/material/" + name + ".svg"
+    }
+}
