@@ -35,7 +35,7 @@ DemoServer::DemoServer(const SiteData &site, const Settings &settings, const Sit
     , m_schedules(m_site, m_clock.now())
     , m_rules(m_site)
     , m_publisher(m_site, settings.version)
-    , m_handler(m_site, m_clock, settings.version)
+    , m_handler(m_site, m_clock, settings.version, settings.seed)
     , m_garbage(settings.seed)
 {
     m_simulation.settle(m_clock.now());

@@ -62,8 +62,8 @@ const Resource *findResource(const Request &request, bool &nameKnown)
 
 } // namespace
 
-RequestHandler::RequestHandler(DemoSite &site, SiteClock &clock, const QVersionNumber &version)
-    : m_context{site, clock}
+RequestHandler::RequestHandler(DemoSite &site, SiteClock &clock, const QVersionNumber &version, quint32 seed)
+    : m_context{site, clock, seed}
     , m_version(version)
 {}
 
@@ -117,7 +117,7 @@ Outcome RequestHandler::answerDocument(const QByteArray &connection, const QByte
         return complaint(nameKnown ? RequestErrors::wrongMethod : RequestErrors::unknownResource, request.type);
     if (!mayAsk(resource->access, *user))
         return Response::Prepared::accessDenied();
-    if (request.query || (request.id && !request.id->isEmpty() && !resource->takesId))
+    if ((request.query && !resource->takesQuery) || (request.id && !request.id->isEmpty() && !resource->takesId))
         return complaint(RequestErrors::badRequest, QStringLiteral("\"link\""));
     return resource->answer(m_context, request);
 }

@@ -22,7 +22,7 @@ struct Message
 class RequestHandler
 {
 public:
-    RequestHandler(DemoSite &site, SiteClock &clock, const QVersionNumber &version);
+    RequestHandler(DemoSite &site, SiteClock &clock, const QVersionNumber &version, quint32 seed = 1);
 
     Message answer(const QByteArray &connection, const Message &request);
 

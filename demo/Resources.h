@@ -17,6 +17,7 @@ struct Context
 {
     DemoSite &site;
     SiteClock &clock;
+    quint32 seed; // of what is made by formula
 };
 
 // A reply document, or a binary one where the resource gives a file.
@@ -44,6 +45,7 @@ struct Resource
     Access access;
     Outcome (*answer)(Context &context, const JsonAPI::Request &request);
     bool takesId = false; // whether the link may name a record
+    bool takesQuery = false;
 };
 
 // The same for uploads, told apart by their topic.
