@@ -19,6 +19,7 @@
 #include "model/Result.h"
 #include "schedules/ScheduleDaysListModel.h"
 #include "shell/ConnectionsListModel.h"
+#include "shell/FrontendSettings.h"
 #include "shell/RuntimePermissionsManager.h"
 #include "shell/VersionController.h"
 #include "statistics/DevicePowerOnStatisticsListModel.h"
@@ -49,6 +50,7 @@ public:
     bool getKioskMode() const { return m_kioskMode; }
     AbstractBackendCommunicator &getCommunicator() const { return *m_communicator; }
     RuntimePermissionsManager &getPermissionsManager() { return m_permissionsManager; }
+    FrontendSettings &getFrontendSettings() { return m_frontendSettings; }
     QQmlApplicationEngine &getEngine() { return m_engine; }
 
     // Installs the translator in place of the last one. A live link reconnects, so that the server's texts follow.
@@ -75,6 +77,7 @@ private:
     QStringList m_arguments;
     bool m_kioskMode;
     RuntimePermissionsManager m_permissionsManager;
+    FrontendSettings m_frontendSettings{m_permissionsManager};
     std::unique_ptr<AbstractBackendCommunicator> m_communicator;
     ShopController m_shopController;
     SettingsController m_settingsController;

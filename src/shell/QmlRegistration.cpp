@@ -19,6 +19,7 @@
 #include "shell/AppSettingsProxy.h"
 #include "shell/ColorTheme.h"
 #include "shell/FrontendManager.h"
+#include "shell/FrontendSettings.h"
 #include "shell/LanguageController.h"
 #include "statistics/StatisticsInfoProvider.h"
 #include "statistics/StatisticsProvider.h"
@@ -47,6 +48,13 @@ QObject *createBackend(QQmlEngine *, QJSEngine *)
 QObject *createColors(QQmlEngine *, QJSEngine *)
 {
     return new ColorTheme;
+}
+
+QObject *createFrontendSettings(QQmlEngine *, QJSEngine *)
+{
+    auto *settings = &FrontendManager::instance()->getFrontendSettings();
+    QQmlEngine::setObjectOwnership(settings, QQmlEngine::CppOwnership);
+    return settings;
 }
 
 QObject *createLanguageController(QQmlEngine *engine, QJSEngine *)
@@ -145,6 +153,7 @@ void FrontendManager::registerSingletons()
     qmlRegisterSingletonType<ErrorsListModel>("Errors", 1, 0, "Errors", [](QQmlEngine *engine, QJSEngine *) {
         return FrontendManager::instance()->createErrors(engine);
     });
+    qmlRegisterSingletonType<FrontendSettings>("FrontendSettings", 1, 0, "FrontendSettings", createFrontendSettings);
     qmlRegisterSingletonType<LanguageController>("LanguageController", 1, 0, "LanguageController",
                                                  createLanguageController);
     qmlRegisterSingletonType<StatisticsInfoProvider>("StatisticsInfoProvider", 1, 0, "StatisticsInfoProvider",
