@@ -38,6 +38,37 @@ import screens 1.0
 import tiles 1.0
 )";
 
+// What pages reach of the window by its ids.
+const char *const shell = R"(
+ id: mainWindow
+ color: "white"
+ Material.accent: Colors.blue
+ Material.background: "white"
+ Material.primary: Material.color(Material.Grey, Material.Shade100)
+ property QtObject nav: QtObject {
+     property string currentLink
+     property string lastLink
+     property var shown: []
+     function show(link, properties) { shown = shown.concat([{ link: link, properties: properties }]) }
+ }
+ property QtObject leftSidebar: QtObject {
+     readonly property bool mobileAspect: mainWindow.width < 960
+     readonly property bool compact: mobileAspect
+     property int opened: 0
+     function open() { ++opened }
+ }
+ property QtObject connectionsDrawer: QtObject {
+     readonly property var current: ({ name: connectionsListModel.currentConnectionName })
+     property var caller
+     function openAndStretch(item) { caller = item }
+ }
+ property QtObject tabAddDialog: QtObject {
+     property int opened: 0
+     function open() { ++opened }
+ }
+ property QtObject magistralFont: QtObject { property string name: "Play" }
+)";
+
 void collect(QQuickItem *item, const std::function<bool(QQuickItem *)> &wanted, std::vector<QQuickItem *> &found)
 {
     if (!item->isVisible())
@@ -98,12 +129,18 @@ void Stage::registerTypes()
     qmlRegisterType<ModelToListAdapter>("ModelToArrayAdapter", 1, 0, "ModelToArrayAdapter");
     qmlRegisterType<QmlStringSet>("StringSet", 1, 0, "StringSet");
     qqsfpm::registerTypes();
+    const auto kept = [](QObject *object) {
+        QQmlEngine::setObjectOwnership(object, QQmlEngine::CppOwnership);
+        return object;
+    };
     qmlRegisterSingletonType<AbstractBackendCommunicator>(
-        "Backend", 1, 0, "Backend", [](QQmlEngine *, QJSEngine *) -> QObject * {
-            auto *backend = &current->link;
-            QQmlEngine::setObjectOwnership(backend, QQmlEngine::CppOwnership);
-            return backend;
-        });
+        "Backend", 1, 0, "Backend", [kept](QQmlEngine *, QJSEngine *) { return kept(&current->link); });
+    qmlRegisterSingletonType<FrontendSettings>(
+        "FrontendSettings", 1, 0, "FrontendSettings",
+        [kept](QQmlEngine *, QJSEngine *) { return kept(&current->settings); });
+    qmlRegisterSingletonType<LanguageController>(
+        "LanguageController", 1, 0, "LanguageController",
+        [kept](QQmlEngine *, QJSEngine *) { return kept(&current->language); });
     qmlRegisterSingletonType<ColorTheme>("colors", 1, 0, "Colors",
                                          [](QQmlEngine *, QJSEngine *) -> QObject * { return new ColorTheme; });
     qmlRegisterSingletonType<ErrorsListModel>(
@@ -120,8 +157,7 @@ void Stage::registerTypes()
 QQuickItem *Stage::show(const QByteArray &body, const QSize &size)
 {
     const QByteArray text = QByteArray(imports) + "QC2.ApplicationWindow {\n visible: true\n width: "
-        + QByteArray::number(size.width()) + "\n height: " + QByteArray::number(size.height())
-        + "\n color: \"white\"\n Material.accent: Colors.blue\n" + body + "\n}\n";
+        + QByteArray::number(size.width()) + "\n height: " + QByteArray::number(size.height()) + shell + body + "\n}\n";
     m_engine.loadData(text, QUrl(QStringLiteral("qrc:/stage.qml")));
     m_window = qobject_cast<QQuickWindow *>(m_engine.rootObjects().value(0));
     if (!m_window)

@@ -10,6 +10,8 @@
 #include "data/UsersListModel.h"
 #include "data/ZonesListModel.h"
 #include "shell/ConnectionsListModel.h"
+#include "shell/FrontendSettings.h"
+#include "shell/LanguageController.h"
 #include "shell/RuntimePermissionsManager.h"
 #include "shell/VersionController.h"
 #include "support/FakeCommunicator.h"
@@ -70,6 +72,8 @@ public:
     ServerTimeController time{link};
     VersionController version;
     ConnectionsListModel connections{link, permissions};
+    FrontendSettings settings{permissions};
+    LanguageController language{permissions};
 
 private:
     static void registerTypes();
