@@ -134,8 +134,7 @@ Outcome runBlueprints(Context &context, const Request &request)
     BlueprintRunner runner(context.site, context.clock.now());
     for (const auto &instance : instances) {
         runner.run(instance);
-        context.site.note(Model::LogEntry::Cause::User, request.user.login,
-                          context.site.blueprint(instance.blueprint)->blueprint.name);
+        context.note(context.site.blueprint(instance.blueprint)->blueprint.name);
     }
     return Response("response", std::vector<Model::Result>());
 }

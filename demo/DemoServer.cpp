@@ -24,12 +24,20 @@ QString addressOf(const QString &host, int port)
     return QStringLiteral("tcp://%1:%2").arg(host, port == 0 ? QStringLiteral("*") : QString::number(port));
 }
 
+// A site that comes without a past gets one.
+SiteData lived(SiteData site, quint32 seed, const SiteClock::Source &clock)
+{
+    if (site.journal.entries().empty())
+        site.journal = Journal::invented(site, seed, SiteClock(site.timezone, clock).now());
+    return site;
+}
+
 } // namespace
 
 DemoServer::DemoServer(const SiteData &site, const Settings &settings, const SiteClock::Source &clock, QObject *parent)
     : QObject(parent)
     , m_settings(settings)
-    , m_site(site)
+    , m_site(lived(site, settings.seed, clock))
     , m_clock(site.timezone, clock)
     , m_simulation(m_site, settings.seed)
     , m_schedules(m_site, m_clock.now())
@@ -38,6 +46,7 @@ DemoServer::DemoServer(const SiteData &site, const Settings &settings, const Sit
     , m_handler(m_site, m_clock, settings.version, settings.seed)
     , m_garbage(settings.seed)
 {
+    m_site.note({m_clock.now(), Model::LogEntry::Cause::System, {}, JournalTexts::serverStarted()});
     m_simulation.settle(m_clock.now());
     m_rules.evaluate();
     connect(&m_publisher, &Publisher::published, this, &DemoServer::publish);

@@ -99,8 +99,7 @@ public:
     void setButtonState(const QUuid &uid, Model::ButtonState::State state);
     void setIndicatorStates(const std::vector<Model::IndicatorState> &states);
 
-    // For the journal.
-    void note(Model::LogEntry::Cause cause, const QString &username, const QString &action);
+    void note(const Model::LogEntry &entry); // into the journal
 
     void replace(const SiteData &data); // a restored backup
     void reset() { replace(m_initial); } // back to what the site was delivered with

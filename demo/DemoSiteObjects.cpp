@@ -302,9 +302,10 @@ void DemoSite::setIndicatorStates(const std::vector<Model::IndicatorState> &stat
     emit changed(List::IndicatorStates);
 }
 
-void DemoSite::note(Model::LogEntry::Cause cause, const QString &username, const QString &action)
+void DemoSite::note(const Model::LogEntry &entry)
 {
-    emit noted(cause, username, action);
+    m_data.journal.add(entry);
+    emit noted(entry.cause, entry.username, entry.action);
 }
 
 } // namespace Demo

@@ -182,8 +182,7 @@ Outcome pressButtons(Context &context, const Request &request)
         context.site.setButtonState(told.uid, told.state);
         if (told.state == State::On && known.state == State::Off) {
             runner.run(known.button.blueprints);
-            context.site.note(Model::LogEntry::Cause::User, request.user.login,
-                              QStringLiteral("Кнопка «%1»").arg(known.button.name));
+            context.note(JournalTexts::buttonPressed(known.button.name));
         }
         results.push_back(Model::Result::changed(told.uid));
     }

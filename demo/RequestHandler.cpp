@@ -48,7 +48,8 @@ const Row *findRow(const std::vector<Row> &rows, Predicate predicate)
 
 const Resource *findResource(const Request &request, bool &nameKnown)
 {
-    for (const auto *rows : {&siteResources(), &planResources(), &automationResources(), &systemResources()}) {
+    for (const auto *rows :
+         {&siteResources(), &planResources(), &automationResources(), &systemResources(), &serviceResources()}) {
         for (const auto &row : *rows) {
             if (request.type != QLatin1String(row.name))
                 continue;
@@ -119,6 +120,7 @@ Outcome RequestHandler::answerDocument(const QByteArray &connection, const QByte
         return Response::Prepared::accessDenied();
     if ((request.query && !resource->takesQuery) || (request.id && !request.id->isEmpty() && !resource->takesId))
         return complaint(RequestErrors::badRequest, QStringLiteral("\"link\""));
+    m_context.login = user->login;
     return resource->answer(m_context, request);
 }
 
@@ -139,6 +141,7 @@ Outcome RequestHandler::answerUpload(const QByteArray &connection, const QByteAr
         return complaint(RequestErrors::unknownResource, QString::fromUtf8(*topic));
     if (!mayAsk(upload->access, *user))
         return Response::Prepared::accessDenied();
+    m_context.login = user->login;
     return upload->answer(m_context, message);
 }
 
@@ -166,6 +169,8 @@ Outcome RequestHandler::logIn(const Request &request)
     if (m_sessions.size() >= mostSessions)
         m_sessions.erase(m_sessions.begin());
     m_sessions.insert(request.connection, {login, entity.attributes.value("locale").toString()});
+    m_context.login = login;
+    m_context.note(JournalTexts::loggedIn());
 
     JsonAPI::Entity reply("auth", "1");
     reply.setAttribute("group", user->group);

@@ -18,6 +18,9 @@ struct Context
     DemoSite &site;
     SiteClock &clock;
     quint32 seed; // of what is made by formula
+    QString login = {}; // who asks
+
+    void note(const QString &action) { site.note({clock.now(), Model::LogEntry::Cause::User, login, action}); }
 };
 
 // A reply document, or a binary one where the resource gives a file.
@@ -60,6 +63,7 @@ const std::vector<Resource> &siteResources(); // plans, zones, devices and the s
 const std::vector<Resource> &planResources(); // buttons, indicators, pictures and meshes
 const std::vector<Resource> &automationResources(); // blueprints, schedules, and what runs at once
 const std::vector<Resource> &systemResources(); // users, clock, backup and the like
+const std::vector<Resource> &serviceResources(); // settings, transports and the journal
 const std::vector<Upload> &planUploads();
 const std::vector<Upload> &uploads(); // of the system
 

@@ -83,8 +83,7 @@ void ScheduleRunner::fire(const Model::ScheduleDay &day, const Model::ScheduleDa
                           const QDateTime &siteTime)
 {
     BlueprintRunner(m_site, siteTime).run(point.actions, day.zones);
-    m_site.note(Model::LogEntry::Cause::Schedule, {},
-                QStringLiteral("%1, %2").arg(day.name, point.time.toString(QStringLiteral("HH:mm"))));
+    m_site.note({siteTime, Model::LogEntry::Cause::Schedule, {}, JournalTexts::schedulePoint(day.name, point.time)});
 }
 
 } // namespace Demo

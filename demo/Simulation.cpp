@@ -117,6 +117,7 @@ void Simulation::settle(const QDateTime &siteTime)
 void Simulation::advance(qint64 milliseconds, const QDateTime &siteTime)
 {
     m_now += std::max<qint64>(milliseconds, 0);
+    m_siteTime = siteTime;
     m_daylight = daylight(siteTime.time());
     m_light.clear();
     m_load.clear();
@@ -190,6 +191,11 @@ void Simulation::failSomeLamp()
     trackOf(*device).recoversAt = m_now + static_cast<qint64>(uniform(2 * minute, 6 * minute));
 }
 
+void Simulation::note(const QString &action)
+{
+    m_site.note({m_siteTime, Model::LogEntry::Cause::System, {}, action});
+}
+
 void Simulation::followDaylight(const SiteDevice &device, QVariantMap &state, int step)
 {
     const auto *zone = m_site.zone(device.descriptor.zoneUid);
@@ -208,10 +214,15 @@ void Simulation::drift(QVariantMap &state, const QString &key, int least, int mo
 
 void Simulation::lamp(const SiteDevice &device, Track &track, QVariantMap &state)
 {
+    const bool answered = state.value(errorsKey()).toInt() == 0;
     if (m_now < track.recoversAt) {
+        if (answered)
+            note(JournalTexts::noAnswer(device.title(m_site.deviceType(device.descriptor.url))));
         state.insert(errorsKey(), state.value(errorsKey()).toInt() + 1); // no answer, so nothing else is known
         return;
     }
+    if (!answered)
+        note(JournalTexts::answersAgain(device.title(m_site.deviceType(device.descriptor.url))));
     state.insert(errorsKey(), 0);
     drift(state, signalKey(), -95, -40);
     followDaylight(device, state, 3);

@@ -63,6 +63,7 @@ private:
     void beacon(const SiteDevice &device, Track &track, QVariantMap &state);
 
     void followDaylight(const SiteDevice &device, QVariantMap &state, int step);
+    void note(const QString &action);
     void drift(QVariantMap &state, const QString &key, int least, int most);
     double uniform(double least, double most);
     bool chance(double probability) { return uniform(0, 1) < probability; }
@@ -73,6 +74,7 @@ private:
     QHash<QUuid, Light> m_light; // by zone; empty when not measured since the last step
     QHash<QUuid, double> m_load; // by plan
     qint64 m_now = 0; // milliseconds since the start
+    QDateTime m_siteTime;
     qint64 m_nextFailure;
     double m_daylight = 0;
 };

@@ -33,6 +33,14 @@ const QVariantMap *overlayFor(const QMap<QString, QVariantMap> &translations, co
     return found == translations.constEnd() ? nullptr : &found.value();
 }
 
+QString SiteDevice::title(const SiteDeviceType *type) const
+{
+    const auto name = descriptor.data.value("name").toString();
+    if (!name.isEmpty() || !type)
+        return name;
+    return QStringLiteral("%1 %2").arg(type->info.name, QString::number(descriptor.address));
+}
+
 bool SiteDeviceType::hasPower() const
 {
     return std::any_of(info.state.begin(), info.state.end(),

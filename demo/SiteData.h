@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "demo/Journal.h"
 #include "model/ActionBlueprint.h"
 #include "model/DeviceTypeInfo.h"
 #include "model/Devices.h"
@@ -30,6 +31,8 @@ struct SiteZone
     int swing = 20; // percent between night and noon
 };
 
+struct SiteDeviceType;
+
 // A device with what it reports and how it is driven.
 struct SiteDevice
 {
@@ -37,6 +40,8 @@ struct SiteDevice
     QVariantMap state;
     Model::DeviceMode::Mode mode = Model::DeviceMode::Mode::Automatic;
     quint64 stateRevision = 0; // differs for each state that any device ever had
+
+    QString title(const SiteDeviceType *type) const; // its name, or what it is and its address
 };
 
 // A device type in the site's own language, with overlays by language.
@@ -130,6 +135,7 @@ struct SiteData
     std::vector<Model::ScheduleDay> days;
     Model::Settings settings;
     QHash<QUuid, Model::DevicePowerOnInfo> powerOn; // by device
+    Journal journal;
 };
 
 // Of overlays by language: Russian is the site's own, which has none; languages that it does not know see English.

@@ -3,6 +3,7 @@
 
 #include "demo/RecordChecks.h"
 #include "demo/RequestErrors.h"
+#include "demo/SettingsChecks.h"
 #include "model/StandardBlueprints.h"
 #include "model/json/ActionBlueprint.h"
 #include "model/json/Button.h"
@@ -11,6 +12,7 @@
 #include "model/json/Indicator.h"
 #include "model/json/NodeDescription.h"
 #include "model/json/ScheduleDay.h"
+#include "model/json/Settings.h"
 #include "model/json/View3DItem.h"
 
 #include <QFile>
@@ -297,8 +299,15 @@ bool SiteObjects::read(const QJsonObject &site, SiteData &data, QString &error)
             RequestErrors::unknownRecord(errors, entity.id);
         data.powerOn.insert(info.uid, info);
     });
-    if (site.contains(QLatin1String("settings")))
+    if (site.contains(QLatin1String("settings")) && error.isEmpty()) {
         data.settings = Model::Settings::fromVariant(site.value(QLatin1String("settings")).toObject().toVariantMap());
+        Errors errors;
+        SettingsChecks::settings(Entity(JsonAPI::Settings::toVariant(data.settings)), errors);
+        if (!errors.isEmpty())
+            error = QStringLiteral("settings: %1").arg(errors.list().front().detail);
+    }
+    if (error.isEmpty())
+        data.journal = Journal::fromJson(site.value(QLatin1String("journal")), &error).value_or(Journal());
     return error.isEmpty();
 }
 
@@ -339,6 +348,7 @@ void SiteObjects::write(const SiteData &data, QJsonObject &site)
     site.insert("image_items", images);
     site.insert("view_3d_items", items);
     site.insert("schedule_days", days);
+    site.insert("journal", data.journal.toJson());
     site.insert("power_on_statistics", hours);
     site.insert("settings", QJsonObject::fromVariantMap(data.settings.toVariant().toMap()));
 }

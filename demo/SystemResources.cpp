@@ -19,7 +19,7 @@ using JsonAPI::Entity;
 using JsonAPI::Request;
 using JsonAPI::Response;
 
-constexpr qint64 largestBackup = 64 * 1024 * 1024;
+constexpr qint64 largestBackup = 400 * 1024 * 1024; // unpacked: files in it take a third more than in the store
 
 bool isAdministrator(const Model::UserInfo &user)
 {
@@ -91,6 +91,8 @@ Outcome putUsers(Context &context, const Request &request)
         const bool known = context.site.user(user.login) != nullptr;
         context.site.put(user);
         results.push_back(known ? Model::Result::changed(user.login) : Model::Result::added(user.login));
+        context.note(QStringLiteral("Пользователь «%1» %2")
+                         .arg(user.login, known ? QStringLiteral("изменён") : QStringLiteral("добавлен")));
     }
     return Response("user", results);
 }
@@ -114,6 +116,10 @@ Outcome removeUsers(Context &context, const Request &request)
         return RequestErrors::response(errors);
     if (!logins.isEmpty())
         context.site.removeUsers(logins);
+    auto removed = logins.values();
+    std::sort(removed.begin(), removed.end()); // the order of the set differs from run to run
+    for (const auto &login : qAsConst(removed))
+        context.note(QStringLiteral("Пользователь «%1» удалён").arg(login));
     return Response("user", results);
 }
 
@@ -154,6 +160,8 @@ Outcome setSystemTime(Context &context, const Request &request)
         return RequestErrors::response(errors);
     context.clock.set(info);
     context.site.setTimezone(info.timezone);
+    context.note(QStringLiteral("Установка времени: %1, %2")
+                     .arg(context.clock.now().toString(QStringLiteral("yyyy-MM-dd HH:mm")), info.timezone));
     return Response("time_info", {Model::Result::changed(entity.id)});
 }
 
@@ -163,6 +171,7 @@ Outcome getBackup(Context &context, const Request &)
     const auto day = context.clock.now().toString(QStringLiteral("yyyy-MM-dd"));
     file.add("filename", QStringLiteral("ondira-demo-%1.qvb2").arg(day).toUtf8());
     file.add("data", qCompress(SiteLoader::toJson(context.site.data())));
+    context.note(QStringLiteral("Создание резервной копии"));
     return file;
 }
 
@@ -179,6 +188,7 @@ Outcome restoreBackup(Context &context, const ZmqBinaryMessage &message)
     }
     context.site.replace(*site);
     context.clock.setTimezone(site->timezone);
+    context.note(QStringLiteral("Восстановление из резервной копии"));
     return Response("shop", {Model::Result::changed(site->uid)});
 }
 
@@ -190,6 +200,7 @@ Outcome factoryReset(Context &context, const Request &request)
         return RequestErrors::response(errors);
     context.site.reset();
     context.clock.setTimezone(context.site.data().timezone);
+    context.note(QStringLiteral("Сброс к заводским настройкам"));
     return Response("shop", {Model::Result::changed(context.site.data().uid)});
 }
 
