@@ -20,6 +20,7 @@
 #include "shell/ColorTheme.h"
 #include "shell/FrontendManager.h"
 #include "shell/FrontendSettings.h"
+#include "shell/IconSet.h"
 #include "shell/LanguageController.h"
 #include "statistics/StatisticsInfoProvider.h"
 #include "statistics/StatisticsProvider.h"
@@ -55,6 +56,11 @@ QObject *createFrontendSettings(QQmlEngine *, QJSEngine *)
     auto *settings = &FrontendManager::instance()->getFrontendSettings();
     QQmlEngine::setObjectOwnership(settings, QQmlEngine::CppOwnership);
     return settings;
+}
+
+QObject *createIconSet(QQmlEngine *engine, QJSEngine *)
+{
+    return new IconSet(engine);
 }
 
 QObject *createLanguageController(QQmlEngine *engine, QJSEngine *)
@@ -154,6 +160,7 @@ void FrontendManager::registerSingletons()
         return FrontendManager::instance()->createErrors(engine);
     });
     qmlRegisterSingletonType<FrontendSettings>("FrontendSettings", 1, 0, "FrontendSettings", createFrontendSettings);
+    qmlRegisterSingletonType<IconSet>("IconSet", 1, 0, "IconSet", createIconSet);
     qmlRegisterSingletonType<LanguageController>("LanguageController", 1, 0, "LanguageController",
                                                  createLanguageController);
     qmlRegisterSingletonType<StatisticsInfoProvider>("StatisticsInfoProvider", 1, 0, "StatisticsInfoProvider",

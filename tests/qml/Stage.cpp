@@ -9,10 +9,12 @@
 #include "data/UidFilterProxyModel.h"
 #include "data/qqsfpm/Registration.h"
 #include "shell/ColorTheme.h"
+#include "shell/IconSet.h"
 
 #include <QElapsedTimer>
 #include <QFontDatabase>
 #include <QQmlContext>
+#include <QQmlFileSelector>
 #include <QtTest>
 #include <utility>
 
@@ -34,7 +36,9 @@ import Fluid.Core 1.0 as FLC
 import colors 1.0
 import controls 1.0
 import mainView 1.0
+import roboto_fonts 1.0
 import screens 1.0
+import scripts 1.0
 import tiles 1.0
 )";
 
@@ -94,6 +98,7 @@ Stage::Stage(Storage storage)
     }
 
     m_engine.addImportPath(QStringLiteral("qrc:/"));
+    QQmlFileSelector::get(&m_engine)->setExtraSelectors({QStringLiteral("qt515")}); // as the program does
     auto *context = m_engine.rootContext();
     context->setContextProperty(QStringLiteral("shopController"), &shop);
     context->setContextProperty(QStringLiteral("versionController"), &version);
@@ -135,12 +140,13 @@ void Stage::registerTypes()
     };
     qmlRegisterSingletonType<AbstractBackendCommunicator>(
         "Backend", 1, 0, "Backend", [kept](QQmlEngine *, QJSEngine *) { return kept(&current->link); });
-    qmlRegisterSingletonType<FrontendSettings>(
-        "FrontendSettings", 1, 0, "FrontendSettings",
-        [kept](QQmlEngine *, QJSEngine *) { return kept(&current->settings); });
+    qmlRegisterSingletonType<FrontendSettings>("FrontendSettings", 1, 0, "FrontendSettings",
+                                               [kept](QQmlEngine *, QJSEngine *) { return kept(&current->settings); });
     qmlRegisterSingletonType<LanguageController>(
         "LanguageController", 1, 0, "LanguageController",
         [kept](QQmlEngine *, QJSEngine *) { return kept(&current->language); });
+    qmlRegisterSingletonType<IconSet>("IconSet", 1, 0, "IconSet",
+                                      [](QQmlEngine *, QJSEngine *) -> QObject * { return new IconSet; });
     qmlRegisterSingletonType<ColorTheme>("colors", 1, 0, "Colors",
                                          [](QQmlEngine *, QJSEngine *) -> QObject * { return new ColorTheme; });
     qmlRegisterSingletonType<ErrorsListModel>(

@@ -99,6 +99,7 @@ void AssetsTest::licencesAreThere_data()
 
     QTest::newRow("Roboto") << QByteArray("License: Apache-2.0");
     QTest::newRow("Apache License 2.0") << QByteArray("TERMS AND CONDITIONS FOR USE, REPRODUCTION, AND DISTRIBUTION");
+    QTest::newRow("Material design icons") << QByteArray("Apache License");
     QTest::newRow("Manrope") << QByteArray("SIL OPEN FONT LICENSE");
     QTest::newRow("Play") << QByteArray("SIL OPEN FONT LICENSE");
     QTest::newRow("NotoMono") << QByteArray("SIL OPEN FONT LICENSE");

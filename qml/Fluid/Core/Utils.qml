@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 pragma Singleton
 import QtQuick 2.15
+import IconSet 1.0
 
 // Where things of the control library are.
 QtObject {
     // "group/name" is an icon of the set, anything with a scheme is taken as it is, and nothing is nothing.
     function iconUrl(name) {
-        if (!name)
-            return ""
-        return /^[a-z0-9_]+:/.test(name) ? name : "qrc:/icons/material/" + name + ".svg"
+        return IconSet.url(name || "")
     }
 }
