@@ -38,12 +38,14 @@ QC2.Dialog {
     }
 
     parent: QC2.Overlay.overlay
-    x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? Math.round((parent.height - height) / 2) : 0
-    implicitWidth: Math.min(maximumWidth, Math.max(280, implicitContentWidth + leftPadding + rightPadding,
-                                                   implicitHeaderWidth, implicitFooterWidth))
+    anchors.centerIn: parent
+    // Lines longer than that are no pleasure to read; what needs more room says so by its width.
+    implicitWidth: Math.min(maximumWidth, 560, Math.max(280, implicitContentWidth + leftPadding + rightPadding,
+                                                        titleMetrics.width + 50, implicitFooterWidth))
     implicitHeight: Math.min(maximumHeight, implicitContentHeight + topPadding + bottomPadding + implicitHeaderHeight
                                             + implicitFooterHeight)
+    width: implicitWidth // so that nothing but what follows makes it smaller
+    height: implicitHeight
     modal: true
     focus: true
     closePolicy: QC2.Popup.CloseOnEscape // a click beside would throw away what was typed
@@ -56,10 +58,10 @@ QC2.Dialog {
     onVisibleChanged: if (visible) internal.focusFirstField()
     onAccepted: if (!internal.submitting) internal.take()
     onClosed: internal.leave()
-    onWidthChanged: internal.fit()
-    onHeightChanged: internal.fit()
-    onMaximumWidthChanged: internal.refit()
-    onMaximumHeightChanged: internal.refit()
+    onWidthChanged: Qt.callLater(internal.fit)
+    onHeightChanged: Qt.callLater(internal.fit)
+    onMaximumWidthChanged: Qt.callLater(internal.refit)
+    onMaximumHeightChanged: Qt.callLater(internal.refit)
 
     header: FL.TitleLabel {
         objectName: "dialogTitle"
@@ -136,18 +138,6 @@ QC2.Dialog {
         implicitHeight: visible ? buttons.implicitHeight + 8 : 0
         visible: root.positiveButtonText !== "" || root.negativeButtonText !== ""
 
-        component FooterButton: QC2.Button {
-            width: Math.min(implicitWidth, buttons.width)
-            height: FLC.Device.touchSize
-            visible: text !== ""
-            flat: true
-            focusPolicy: Qt.StrongFocus
-            Material.foreground: Material.accent
-            Accessible.name: text
-            Keys.onReturnPressed: clicked()
-            Keys.onEnterPressed: clicked()
-        }
-
         // Side by side, and one above the other where there is no room.
         Flow {
             id: buttons
@@ -157,22 +147,47 @@ QC2.Dialog {
             layoutDirection: Qt.RightToLeft
             spacing: 8
 
-            FooterButton {
+            QC2.Button {
                 id: positiveButton
 
                 objectName: "positiveButton"
+                width: Math.min(implicitWidth, buttons.width)
+                height: FLC.Device.touchSize
+                visible: text !== ""
+                flat: true
+                focusPolicy: Qt.StrongFocus
+                Material.foreground: Material.accent
                 text: root.positiveButtonText
+                Accessible.name: text
+                Keys.onReturnPressed: clicked()
+                Keys.onEnterPressed: clicked()
                 onClicked: root.submit()
             }
 
-            FooterButton {
+            QC2.Button {
                 id: negativeButton
 
                 objectName: "negativeButton"
+                width: Math.min(implicitWidth, buttons.width)
+                height: FLC.Device.touchSize
+                visible: text !== ""
+                flat: true
+                focusPolicy: Qt.StrongFocus
+                Material.foreground: Material.accent
                 text: root.negativeButtonText
+                Accessible.name: text
+                Keys.onReturnPressed: clicked()
+                Keys.onEnterPressed: clicked()
                 onClicked: root.reject()
             }
         }
+    }
+
+    TextMetrics {
+        id: titleMetrics
+
+        font: root.header.font
+        text: root.title
     }
 
     Binding {
@@ -198,8 +213,6 @@ QC2.Dialog {
         property bool submitting: false
         property bool isTooWide: false // for the window, by the width that the dialog's user gave
         property bool isTooHigh: false
-        property bool isImplicitWidth: false // nobody gave it
-        property bool isImplicitHeight: false
 
         function call(name) {
             return root.item && typeof root.item[name] === "function" ? root.item[name]() : undefined
@@ -208,6 +221,7 @@ QC2.Dialog {
         function prepare() {
             previousFocus = root.parent ? root.parent.Window.activeFocusItem : null
             submitting = false
+            refit()
             loader.active = true
             flickable.contentY = 0
             call("aboutToShow")
@@ -256,9 +270,9 @@ QC2.Dialog {
         function focusFirstField() {
             loader.forceActiveFocus()
             var focused = loader.Window.activeFocusItem
-            if (!root.item || focused !== loader && focused !== root.item && isInside(focused, loader))
+            if (focused !== loader && focused !== root.item && isInside(focused, loader))
                 return // the content has chosen
-            var field = root.item.activeFocusOnTab ? root.item : firstField(root.item)
+            var field = firstField(loader)
             if (field)
                 field.forceActiveFocus(Qt.TabFocusReason)
             else if (positiveButton.visible && positiveButton.enabled)
@@ -288,29 +302,16 @@ QC2.Dialog {
         function fit() {
             if (root.maximumWidth <= 0 || root.maximumHeight <= 0)
                 return // no window, or none with a size
-            if (!isTooWide && root.width > root.maximumWidth) {
-                isImplicitWidth = root.width === root.implicitWidth
+            if (root.width > root.maximumWidth)
                 isTooWide = true
-            }
-            if (!isTooHigh && root.height > root.maximumHeight) {
-                isImplicitHeight = root.height === root.implicitHeight
+            if (root.height > root.maximumHeight)
                 isTooHigh = true
-            }
         }
 
-        // The window has another size: what the dialog's user wants may fit now. A size that nobody gave must not stay
-        // as one that was given.
+        // The window has another size: what the dialog's user wants may fit now.
         function refit() {
-            if (isTooWide) {
-                isTooWide = false
-                if (isImplicitWidth)
-                    root.width = undefined
-            }
-            if (isTooHigh) {
-                isTooHigh = false
-                if (isImplicitHeight)
-                    root.height = undefined
-            }
+            isTooWide = false
+            isTooHigh = false
             fit()
         }
     }
