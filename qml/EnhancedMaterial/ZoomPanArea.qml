@@ -87,7 +87,7 @@ Item {
             z: 1
             acceptedButtons: Qt.NoButton
             enabled: !root.locked
-            onWheel: root.zoom(Qt.point(wheel.x, wheel.y), wheel.angleDelta.y < 0 ? 1 - 0.1 : 1 + 0.1)
+            onWheel: root.zoom(Qt.point(wheel.x, wheel.y), 1 + 0.1 * Math.sign(wheel.angleDelta.y))
 
             // Each takes one finger, and nothing away from what lies below. With both down the flickable must let go, or
             // it would pan with one of them before the pinch begins.

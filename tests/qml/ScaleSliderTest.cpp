@@ -2,6 +2,8 @@
 #include "qml/Stage.h"
 #include "support/TestBase.h"
 
+#include <QSignalSpy>
+
 class ScaleSliderTest : public TestBase
 {
     Q_OBJECT
@@ -96,6 +98,42 @@ private slots:
         show(stage, value);
 
         QTEST(stage.text("scaleLabel"), "text");
+    }
+
+    void theLockOnlyAsks()
+    {
+        Stage stage;
+        auto *slider = show(stage, 2.0);
+        QSignalSpy requested(slider, SIGNAL(lockRequested(bool)));
+
+        stage.click("scaleLock");
+        QCOMPARE(requested.count(), 1);
+        QCOMPARE(requested.at(0).at(0).toBool(), true);
+        QVERIFY(!slider->property("locked").toBool()); // who shows the slider decides
+        slider->setProperty("locked", true);
+        stage.item("scaleLock")->forceActiveFocus(Qt::TabFocusReason);
+        stage.key(Qt::Key_Return);
+
+        QCOMPARE(requested.count(), 2);
+        QCOMPARE(requested.at(1).at(0).toBool(), false);
+    }
+
+    void lockedItDoesNotStep()
+    {
+        Stage stage;
+        auto *slider = show(stage, 2.0);
+
+        slider->setProperty("locked", true);
+        for (const auto *button : {"scaleDown", "scaleLabel", "scaleUp"}) {
+            QVERIFY(!stage.item(button)->isEnabled());
+            stage.click(button);
+        }
+
+        QCOMPARE(slider->property("asked").toDouble(), -1.0);
+        QCOMPARE(stage.text("scaleLabel"), QString("200%"));
+        slider->setProperty("locked", false);
+        stage.click("scaleUp");
+        QCOMPARE(slider->property("asked").toDouble(), 2.1);
     }
 
     void isDrivenByKeyboard()

@@ -150,6 +150,18 @@ private slots:
         QCOMPARE(offset(area), QPointF(296, 395.5));
     }
 
+    void aSidewaysWheelDoesNotZoom()
+    {
+        Stage stage;
+        auto *area = show(stage);
+
+        QWheelEvent event(QPointF(100, 50), QPointF(100, 50), QPoint(), QPoint(120, 0), Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(stage.window(), &event);
+
+        QCOMPARE(size(area), QSizeF(1000, 1000));
+    }
+
     void wheelComesToAnEndAtBothEnds()
     {
         Stage stage;

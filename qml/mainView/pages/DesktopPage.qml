@@ -133,6 +133,8 @@ QC2.Page {
             value: shop.shopScale
             minimum: shop.minimumScale
             maximum: shop.maximumScale
+            locked: shop.lockZoomPan
+            onLockRequested: shop.lockZoomPan = locked
             onMoved: shop.setScale(scale)
         }
     }
