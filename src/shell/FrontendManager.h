@@ -19,6 +19,7 @@
 #include "model/Result.h"
 #include "schedules/ScheduleDaysListModel.h"
 #include "shell/ConnectionsListModel.h"
+#include "shell/QmlFileDialogHelper.h"
 #include "shell/FrontendSettings.h"
 #include "shell/RuntimePermissionsManager.h"
 #include "shell/VersionController.h"
@@ -98,6 +99,7 @@ private:
     RadioDevicesListModel m_radioDevicesListModel;
     View3DItemsListModel m_view3DItemsListModel;
     DevicePowerOnStatisticsListModel m_powerOnStatisticsListModel;
+    QmlFileDialogHelper m_qmlFileDialogHelper;
     QQmlApplicationEngine m_engine;
     std::unique_ptr<QTranslator> m_translator;
     QUrl m_mainUrl;

@@ -212,6 +212,7 @@ void FrontendManager::setContextProperties()
         {"powerOnStatisticsListModel", &m_powerOnStatisticsListModel},
         {"deviceFaultsListModel", &m_deviceFaultsListModel},
         {"permissionsManager", &m_permissionsManager},
+        {"QmlFileDialogHelper", &m_qmlFileDialogHelper},
     };
     for (const auto &object : objects)
         context->setContextProperty(QString::fromLatin1(object.first), object.second);

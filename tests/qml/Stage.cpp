@@ -114,6 +114,7 @@ Stage::Stage(Storage storage)
     context->setContextProperty(QStringLiteral("kioskMode"), false);
     context->setContextProperty(QStringLiteral("ondiraRPi"), false);
     context->setContextProperty(QStringLiteral("permissionsManager"), &permissions);
+    context->setContextProperty(QStringLiteral("QmlFileDialogHelper"), &fileDialogHelper);
 }
 
 Stage::~Stage()

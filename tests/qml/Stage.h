@@ -10,6 +10,7 @@
 #include "data/UsersListModel.h"
 #include "data/ZonesListModel.h"
 #include "shell/ConnectionsListModel.h"
+#include "shell/QmlFileDialogHelper.h"
 #include "shell/FrontendSettings.h"
 #include "shell/LanguageController.h"
 #include "shell/RuntimePermissionsManager.h"
@@ -71,6 +72,7 @@ public:
     ShopController shop{link};
     ServerTimeController time{link};
     VersionController version;
+    QmlFileDialogHelper fileDialogHelper;
     ConnectionsListModel connections{link, permissions};
     FrontendSettings settings{permissions};
     LanguageController language{permissions};
