@@ -24,7 +24,8 @@ public:
 
     // With its time in whole seconds, as documents tell it; one that cannot be told there is passed over.
     void add(const Model::LogEntry &entry);
-    const std::deque<Model::LogEntry> &entries() const { return m_entries; }
+    const std::deque<Model::LogEntry> &entries() const & { return m_entries; }
+    const std::deque<Model::LogEntry> &entries() const && = delete; // gone with the journal
     // By time, those of one second in the order they were told. Milliseconds since the epoch; both ends belong to it.
     std::vector<Model::LogEntry> between(qint64 from, qint64 to) const;
 

@@ -90,6 +90,8 @@ private slots:
     void garbageComesBetweenGoodMessages();
     void publishesNothingWhenToldSo();
     void stopsTwice();
+    void siteWithoutAPastGetsOne();
+    void siteKeepsItsOwnPast();
 };
 
 void DemoServerTest::loginThenListsThenPower()
@@ -383,6 +385,33 @@ void DemoServerTest::stopsTwice()
     Peer peer(server->controlPort(), server->updatePort());
     const auto login = peer.ask(loginDocument("admin", "secret"));
     QTRY_VERIFY(peer.hasReply(login));
+}
+
+void DemoServerTest::siteWithoutAPastGetsOne()
+{
+    DemoServer server(fullData(), settings(), noon);
+
+    const auto &entries = server.site().data().journal.entries();
+
+    QVERIFY(entries.size() > 1000);
+    QVERIFY(entries.front().time < noon().addDays(-360));
+    QCOMPARE(entries.back().action, Demo::JournalTexts::serverStarted());
+    QCOMPARE(entries.back().cause, Model::LogEntry::Cause::System);
+    QCOMPARE(entries.back().time, noon());
+}
+
+void DemoServerTest::siteKeepsItsOwnPast()
+{
+    auto site = fullData();
+    site.journal.add({noon().addYears(-3), Model::LogEntry::Cause::User, "anna", "long ago"});
+    DemoServer server(site, settings(), noon);
+
+    const auto &entries = server.site().data().journal.entries();
+
+    QCOMPARE(entries.size(), size_t(2));
+    QCOMPARE(entries.front(), site.journal.entries().front());
+    server.site().reset();
+    QCOMPARE(server.site().data().journal.entries().size(), size_t(1)); // as delivered
 }
 
 ONDIRA_TEST(DemoServerTest)

@@ -99,6 +99,16 @@ QList<QByteArray> goodRequests()
                      + powerStep("[]", "30") + R"(]}]}, "relationships": {"zones": {"data": )" + idsOf("zone", {till})
                      + "}}}]"),
         document("DELETE", "schedule_days", idsOf("schedule_day", {schedule})),
+        document("POST", "settings/1", listOf({entity("settings", "1", R"({"pwm": {"100": 250, "80": 200, "60": 150,
+            "40": 100, "20": 50, "0": 0}, "mrf": [{"pan": 1, "address": 2, "channel": 11, "duty_cycle": "duty25"}],
+            "radio": {"pan": 1, "address": 2, "channel": 11, "duty_cycle": "duty25"},
+            "lora": [{"frequency": 868900000, "power": 14, "bandwidth": 7, "spreading_factor": 9, "coding_rate": 4,
+            "address": 5, "port_name": "ttyUSB0", "duty_cycle": "duty10", "maximum_reply_length": 128}],
+            "rs485": [{"address": 6, "speed": 9600, "reply_wait_time": 50, "duty_cycle": "duty100",
+            "port_name": "ttyS0"}]})")})),
+        document("GET", "radio_status"),
+        document("GET", "available_com_ports"),
+        document("GET", "system_log?from=1795170600000&to=1795260600000"),
         document("POST", "system_factory_reset/", R"([{"type": "factory_reset", "id": ""}])"),
     };
 }

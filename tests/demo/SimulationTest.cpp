@@ -71,6 +71,7 @@ private slots:
     void lampGroupFollowsDaylight();
     void lampFailsAndRecovers();
     void failedLampCountsPollsWithoutAnswer();
+    void journalTellsOfFailedLamp();
     void lampDeliveredFaultyRecovers();
     void temperatureDriftsAroundItsStart();
     void lightSensorFollowsTheLamps();
@@ -288,6 +289,30 @@ void SimulationTest::lampFailsAndRecovers()
 
     QVERIFY2(worst > 5, "no lamp failed long enough to be seen");
     QVERIFY(recovered);
+}
+
+void SimulationTest::journalTellsOfFailedLamp()
+{
+    auto given = data();
+    given.devices.resize(1);
+    given.devices.front().descriptor.data.insert("name", "Над кассой");
+    DemoSite site(given);
+    Simulation simulation(site, 1);
+    const auto &entries = site.data().journal.entries();
+
+    for (int i = 0; i < 12 * 60 * 60 && entries.size() < 3; ++i)
+        simulation.advance(second, noon.addSecs(i));
+
+    QCOMPARE(entries.size(), size_t(3));
+    QCOMPARE(entries[0].action, QString("Над кассой: нет ответа"));
+    QCOMPARE(entries[1].action, QString("Над кассой: связь восстановлена"));
+    QCOMPARE(entries[2].action, QString("Над кассой: нет ответа"));
+    for (const auto &entry : entries) {
+        QCOMPARE(entry.cause, Model::LogEntry::Cause::System);
+        QCOMPARE(entry.username, QString());
+        QVERIFY(entry.time > noon);
+    }
+    QVERIFY(entries[0].time.secsTo(entries[1].time) >= 60);
 }
 
 void SimulationTest::failedLampCountsPollsWithoutAnswer()

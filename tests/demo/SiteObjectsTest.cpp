@@ -39,6 +39,11 @@ SiteData ruledData()
     hours.lastUpdate = QDateTime(QDate(2026, 11, 20), QTime(12, 0), Qt::UTC);
     site.powerOn.insert(hours.uid, hours);
     site.settings.pwm.byteFor20Power = 77;
+    site.settings.mrf.resize(2);
+    site.settings.lora.resize(1);
+    site.settings.rs485.resize(1);
+    site.settings.rs485[0].portName = "ttyS0";
+    site.journal.add({hours.lastUpdate, Model::LogEntry::Cause::User, "anna", "Кнопка «Свет»"});
     return site;
 }
 
@@ -54,7 +59,10 @@ private slots:
     void standardBlueprintsAreInNoFile();
     void refuses_data();
     void refuses();
+    void refusesServiceData_data();
+    void refusesServiceData();
     void builtInSiteHasEveryKind();
+    void builtInSettingsSuitItsDevices();
     void builtInFilesAreWhatTheySay();
     void builtInBlueprintsSpeakEnglish();
     void scaledSiteRepeatsButtonsAndIndicators();
@@ -88,13 +96,14 @@ void SiteObjectsTest::writtenSiteIsReadAgain()
     QCOMPARE(read->blueprints.back().localized("en").name, QString("Twice"));
     QCOMPARE(read->powerOn.value(QUuid(lamp)).powerOnHours, 123.5);
     QCOMPARE(read->settings, given.settings);
+    QVERIFY(read->journal.entries() == given.journal.entries());
 }
 
 void SiteObjectsTest::siteWithoutObjectsIsReadable()
 {
     auto file = fileOf(ruledData());
     for (const auto *key : {"buttons", "indicators", "image_items", "view_3d_items", "schedule_days", "blueprints",
-                            "settings", "power_on_statistics"})
+                            "settings", "power_on_statistics", "journal"})
         file.remove(key);
     QString error;
 
@@ -105,6 +114,7 @@ void SiteObjectsTest::siteWithoutObjectsIsReadable()
     QVERIFY(read->days.empty());
     QCOMPARE(read->blueprints.size(), size_t(6)); // the system's
     QCOMPARE(read->settings, Model::Settings());
+    QVERIFY(read->journal.entries().empty());
 }
 
 void SiteObjectsTest::standardBlueprintsAreInNoFile()
@@ -161,6 +171,51 @@ void SiteObjectsTest::refuses()
 
     QVERIFY(!SiteLoader::fromJson(QJsonDocument(file).toJson(), &error));
     QVERIFY2(error.startsWith(list + "[0]"), qPrintable(error));
+}
+
+void SiteObjectsTest::refusesServiceData_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QString>("complaint");
+
+    QTest::newRow("channel that no radio has")
+        << "settings" << QByteArray(R"({"mrf": [{"hostChannel": 27}]})") << "settings: \"channel\" of \"mrf[0]\"";
+    QTest::newRow("speed of no line") << "settings" << QByteArray(R"({"rs485": [{}, {"speed": 0}]})")
+                                      << "settings: \"speed\" of \"rs485[1]\"";
+    QTest::newRow("journal of nothing") << "journal" << QByteArray("[{}]") << "journal[0] is not an entry";
+    QTest::newRow("journal is a map") << "journal" << QByteArray("{}") << "journal is not a list";
+}
+
+void SiteObjectsTest::refusesServiceData()
+{
+    QFETCH(QString, key);
+    QFETCH(QByteArray, value);
+    QFETCH(QString, complaint);
+    auto file = fileOf(ruledData());
+    const auto document = QJsonDocument::fromJson(value);
+    file.insert(key, document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object()));
+    QString error;
+
+    QVERIFY(!SiteLoader::fromJson(QJsonDocument(file).toJson(), &error));
+    QCOMPARE(error, complaint);
+}
+
+void SiteObjectsTest::builtInSettingsSuitItsDevices()
+{
+    using Type = Model::RadioStatus::DeviceType;
+    const auto site = SiteLoader::builtIn();
+    const QMap<Type, size_t> transports{{Type::Mrf, site.settings.mrf.size()},
+                                        {Type::LoRa, site.settings.lora.size()},
+                                        {Type::Rs485, site.settings.rs485.size()}};
+
+    for (const auto &device : site.devices) {
+        const auto &descriptor = device.descriptor;
+        QVERIFY(descriptor.radioIndex >= 0);
+        QVERIFY(size_t(descriptor.radioIndex) < transports.value(descriptor.radioType));
+    }
+    QVERIFY(site.comPorts.contains(site.settings.lora.front().portName));
+    QVERIFY(site.comPorts.contains(site.settings.rs485.front().portName));
 }
 
 void SiteObjectsTest::builtInSiteHasEveryKind()
