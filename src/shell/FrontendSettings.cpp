@@ -150,8 +150,9 @@ void FrontendSettings::commit()
                              {QStringLiteral("screen_poweroff_interval"), m_values.screenPoweroffInterval}};
     const QByteArray json = QJsonDocument(object).toJson();
     QSaveFile file(filePath());
-    // A failure is not shown: the choice then lasts until the program ends.
-    if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit())
+    // A failure is not shown: the choice then lasts until the program ends. The PIN is for its owner alone to read.
+    if (!file.open(QIODevice::WriteOnly) || !file.setPermissions(QFile::ReadOwner | QFile::WriteOwner)
+        || file.write(json) != json.size() || !file.commit())
         qDebug().noquote() << "Can not write the settings:" << file.fileName() << file.errorString();
 }
 

@@ -35,6 +35,7 @@ private slots:
     void theSameValueIsNoChange();
     void whatIsNotWrittenYetIsWrittenAtTheEnd();
     void nothingChangedIsNotWritten();
+    void onlyTheOwnerReadsTheFile();
     void unwritableFileKeepsTheChoice();
     void grantedStorageLoads();
     void grantedStorageKeepsWhatWasChangedMeanwhile();
@@ -232,6 +233,20 @@ void FrontendSettingsTest::nothingChangedIsNotWritten()
         FrontendSettings settings(m_permissions);
     }
     QCOMPARE(written().value("mine"), QJsonValue(1));
+}
+
+void FrontendSettingsTest::onlyTheOwnerReadsTheFile()
+{
+    const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+    for (const char *pincode : {"1234", "5678"}) {
+        {
+            FrontendSettings settings(m_permissions);
+            settings.setPincode(pincode);
+        }
+        QCOMPARE(written().value("pincode"), QJsonValue(pincode));
+        QCOMPARE(QFile::permissions(path()) & others, QFile::Permissions());
+        QVERIFY(QFile::setPermissions(path(), QFile::permissions(path()) | others)); // as if it had been copied here
+    }
 }
 
 void FrontendSettingsTest::unwritableFileKeepsTheChoice()
