@@ -48,7 +48,7 @@ QC2.ApplicationWindow {
     }
 
     FontLoader {
-        source: "qrc:/fonts/Manrope-Bold.ttf"
+        source: "qrc:/fonts/GothamPro-Bold.ttf"
     }
 
     header: QC2.ToolBar {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Draws a square picture from an SVG file while the program is being built: svg_to_png FILE.svg FILE.png SIZE
+// Draws a picture from an SVG file while the program is being built: svg_to_png FILE.svg FILE.png WIDTH HEIGHT
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -7,9 +7,9 @@
 
 int main(int argc, char **argv)
 {
-    const int size = argc == 4 ? QByteArray(argv[3]).toInt() : 0;
-    if (size <= 0 || size > 4096) {
-        std::fprintf(stderr, "Usage: svg_to_png FILE.svg FILE.png SIZE\n");
+    const QSize size = argc == 5 ? QSize(QByteArray(argv[3]).toInt(), QByteArray(argv[4]).toInt()) : QSize();
+    if (size.isEmpty() || size.width() > 4096 || size.height() > 4096) {
+        std::fprintf(stderr, "Usage: svg_to_png FILE.svg FILE.png WIDTH HEIGHT\n");
         return 2;
     }
     QSvgRenderer renderer(QString::fromLocal8Bit(argv[1]));
@@ -17,7 +17,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "%s is no SVG file\n", argv[1]);
         return 1;
     }
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     {
         QPainter painter(&image);

@@ -127,7 +127,7 @@ void Stage::registerTypes()
     static bool registered = false;
     if (std::exchange(registered, true))
         return;
-    for (const char *font : {"Roboto-Regular", "Roboto-Medium", "Roboto-Bold", "Manrope-Bold"})
+    for (const char *font : {"Roboto-Regular", "Roboto-Medium", "Roboto-Bold", "GothamPro-Bold"})
         QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/%1.ttf").arg(font));
     qmlRegisterType<UidFilterProxyModel>("UidFilterProxyModel", 0, 1, "UidFilterProxyModel");
     qmlRegisterType<ActionSequenceBuilder>("ActionSequenceBuilder", 1, 0, "ActionSequenceBuilder");

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QFontDatabase>
 #include <QImage>
+#include <QImageReader>
 #include <QRawFont>
 #include <QSettings>
 
@@ -18,6 +19,12 @@ private slots:
     void markCanBeShownInAnyColour();
     void fontsHoldWhatTheInterfaceWrites_data();
     void fontsHoldWhatTheInterfaceWrites();
+    void picturesOfThePlanJoinWithoutASeam_data();
+    void picturesOfThePlanJoinWithoutASeam();
+    void gridHasALineForEachStep();
+    void handlesPointOutwards();
+    void iconsOfTheSidebarAreDrawnWithinTheirSquare_data();
+    void iconsOfTheSidebarAreDrawnWithinTheirSquare();
     void licencesAreThere_data();
     void licencesAreThere();
     void ownTextsAreThere();
@@ -68,19 +75,20 @@ void AssetsTest::fontsHoldWhatTheInterfaceWrites_data()
 {
     QTest::addColumn<QString>("family");
 
-    QTest::newRow("Roboto-Regular") << "Roboto";
-    QTest::newRow("Roboto-Medium") << "Roboto";
-    QTest::newRow("Roboto-Bold") << "Roboto";
-    QTest::newRow("Manrope-Bold") << "Manrope";
-    QTest::newRow("Play-Regular") << "Play";
-    QTest::newRow("Play-Bold") << "Play";
-    QTest::newRow("NotoMono-Regular") << "Noto Mono";
+    QTest::newRow("Roboto-Regular.ttf") << "Roboto";
+    QTest::newRow("Roboto-Medium.ttf") << "Roboto";
+    QTest::newRow("Roboto-Bold.ttf") << "Roboto";
+    QTest::newRow("GothamPro.ttf") << "Manrope";
+    QTest::newRow("GothamPro-Bold.ttf") << "Manrope";
+    QTest::newRow("MagistralC.ttf") << "Play";
+    QTest::newRow("MagistralC-Bold.otf") << "Play";
+    QTest::newRow("DroidSansMono.ttf") << "Noto Mono";
 }
 
 void AssetsTest::fontsHoldWhatTheInterfaceWrites()
 {
     QFETCH(QString, family);
-    const QString path = QString(":/fonts/%1.ttf").arg(QTest::currentDataTag());
+    const QString path = QString(":/fonts/") + QTest::currentDataTag();
 
     const int id = QFontDatabase::addApplicationFont(path);
     QVERIFY(id >= 0);
@@ -91,6 +99,99 @@ void AssetsTest::fontsHoldWhatTheInterfaceWrites()
     QVERIFY(font.isValid());
     for (const QChar letter : QString("АЯаяЁё№°²·•—AZaz09%"))
         QVERIFY2(font.supportsCharacter(letter), qPrintable(QString(letter)));
+}
+
+void AssetsTest::picturesOfThePlanJoinWithoutASeam_data()
+{
+    QTest::addColumn<int>("size");
+
+    QTest::newRow("grid_32px") << 32;
+    QTest::newRow("checkers_16px") << 16;
+}
+
+// Laid side by side, one half of the picture goes on where the other ends: nothing is blurred towards an edge.
+void AssetsTest::picturesOfThePlanJoinWithoutASeam()
+{
+    QFETCH(int, size);
+    const QImage picture(QString(":/images/%1.png").arg(QTest::currentDataTag()));
+
+    QCOMPARE(picture.size(), QSize(size, size));
+    int drawn = 0;
+    for (int y = 0; y < size; ++y) {
+        for (int x = 0; x < size; ++x) {
+            const int alpha = picture.pixelColor(x, y).alpha();
+            QVERIFY(alpha == 0 || alpha == 255);
+            drawn += alpha == 255;
+        }
+    }
+    QVERIFY(drawn > size);
+    QVERIFY(drawn < size * size);
+}
+
+void AssetsTest::gridHasALineForEachStep()
+{
+    const QImage grid(":/images/grid_32px.png");
+
+    for (const int line : {0, 16}) {
+        QCOMPARE(grid.pixelColor(line, 5).alpha(), 255);
+        QCOMPARE(grid.pixelColor(5, line).alpha(), 255);
+    }
+    QVERIFY(grid.pixelColor(0, 5) != grid.pixelColor(16, 5));
+    QCOMPARE(grid.pixelColor(8, 8).alpha(), 0);
+    QCOMPARE(grid.pixelColor(24, 24).alpha(), 0);
+}
+
+void AssetsTest::handlesPointOutwards()
+{
+    const auto drawnIn = [](const QImage &picture, const QRect &area) {
+        int drawn = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x)
+                drawn += picture.pixelColor(x, y).alpha() > 128;
+        }
+        return drawn;
+    };
+    const QImage right(":/images/triangle_15x30.png");
+    const QImage up(":/images/triangle_30x15.png");
+
+    QCOMPARE(right.size(), QSize(15, 30));
+    QCOMPARE(up.size(), QSize(30, 15));
+    QVERIFY(drawnIn(right, {0, 0, 7, 30}) > 2 * drawnIn(right, {8, 0, 7, 30}));
+    QVERIFY(drawnIn(up, {0, 8, 30, 7}) > 2 * drawnIn(up, {0, 0, 30, 7}));
+    QCOMPARE(right.pixelColor(4, 15), QColor(Qt::white));
+    QCOMPARE(up.pixelColor(15, 11), QColor(Qt::white));
+}
+
+void AssetsTest::iconsOfTheSidebarAreDrawnWithinTheirSquare_data()
+{
+    QTest::addColumn<QString>("path");
+
+    for (const char *name : {"3dview", "bar-chart", "config", "grid", "wrench"})
+        QTest::newRow(name) << QString(":/icons/ondira/%1.svg").arg(name);
+}
+
+void AssetsTest::iconsOfTheSidebarAreDrawnWithinTheirSquare()
+{
+    QFETCH(QString, path);
+    QImageReader reader(path, "svg");
+    QCOMPARE(reader.size(), QSize(24, 24));
+    reader.setScaledSize({96, 96});
+    const QImage icon = reader.read();
+
+    QVERIFY2(!icon.isNull(), qPrintable(reader.errorString()));
+    QRect drawn;
+    int opaque = 0;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x) {
+            if (icon.pixelColor(x, y).alpha() == 0)
+                continue;
+            drawn |= QRect(x, y, 1, 1);
+            opaque += icon.pixelColor(x, y).alpha() == 255;
+        }
+    }
+    QVERIFY(QRect(4, 4, 88, 88).contains(drawn)); // a margin of one unit
+    QVERIFY(drawn.width() >= 60 && drawn.height() >= 60);
+    QVERIFY(opaque > 96 * 96 / 12);
 }
 
 void AssetsTest::licencesAreThere_data()
