@@ -17,6 +17,14 @@ QC2.ItemDelegate {
     property bool showDivider: false
     property int maximumLineCount: 1 // of the sub text
 
+    // A press of a key is one of the row: it triggers the action, as a signal of the row alone would not.
+    function press() {
+        if (action)
+            action.trigger(root)
+        else
+            clicked()
+    }
+
     implicitWidth: 320
     implicitHeight: Math.max(subText === "" ? 48 : 64, contentItem.implicitHeight + topPadding + bottomPadding)
     leftPadding: 16
@@ -27,8 +35,8 @@ QC2.ItemDelegate {
     Accessible.role: Accessible.ListItem
     Accessible.name: text
     Accessible.description: subText === "" ? valueText : subText
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: press()
+    Keys.onEnterPressed: press()
 
     contentItem: RowLayout {
         spacing: 16

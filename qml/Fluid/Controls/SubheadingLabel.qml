@@ -7,5 +7,6 @@ import QtQuick.Controls.Material 2.15
 QC2.Label {
     font.pixelSize: 16
     elide: Text.ElideRight
+    maximumLineCount: 1 // a line feed in a name is no second line
     textFormat: Text.PlainText
 }

@@ -8,5 +8,6 @@ QC2.Label {
     font.pixelSize: 20
     font.weight: Font.Medium
     elide: Text.ElideRight
+    maximumLineCount: 1 // a line feed in a name is no second line
     textFormat: Text.PlainText
 }

@@ -7,6 +7,14 @@ import QtQuick.Controls.Material 2.15
 QC2.ToolButton {
     id: root
 
+    // A press of a key is one of the button: it triggers the action, as a signal of the button alone would not.
+    function press() {
+        if (action)
+            action.trigger(root)
+        else
+            clicked()
+    }
+
     objectName: action ? action.objectName : ""
     implicitWidth: 48
     implicitHeight: 48
@@ -17,8 +25,8 @@ QC2.ToolButton {
                                                       ? action.icon.color : Material.iconColor
     focusPolicy: Qt.StrongFocus
     Accessible.name: action ? action.text : ""
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Keys.onReturnPressed: press()
+    Keys.onEnterPressed: press()
     QC2.ToolTip.visible: hovered && QC2.ToolTip.text !== ""
     QC2.ToolTip.delay: 500
     QC2.ToolTip.text: action ? action.toolTip : ""
