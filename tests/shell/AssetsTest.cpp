@@ -208,6 +208,7 @@ void AssetsTest::licencesAreThere_data()
     QTest::newRow("libsimdjson-dev") << QByteArray("Apache-2.0");
     QTest::newRow("libsqlite3-0") << QByteArray("public domain");
     QTest::newRow("zlib1g-dev") << QByteArray("as-is");
+    QTest::newRow("Material design icons") << QByteArray("Apache License");
 }
 
 void AssetsTest::licencesAreThere()
