@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick 2.15
-import QtQuick.Controls 2.15 as QC2
-import QtQuick.Controls.Material 2.15
 import QtQuick.Layouts 1.15
+import EnhancedMaterial 1.0 as EM
 
 // The form of one saved connection.
 ColumnLayout {
@@ -28,26 +27,12 @@ ColumnLayout {
         fill("", "", "", "")
     }
 
-    spacing: 0
+    spacing: 8
 
-    component Caption: QC2.Label {
+    component Field: EM.TextField {
         Layout.fillWidth: true
-        Layout.topMargin: 4
-        elide: Text.ElideRight
-        font.pixelSize: 12
-        color: Material.secondaryTextColor
-    }
-
-    component Field: QC2.TextField {
-        Layout.fillWidth: true
-        Layout.preferredHeight: 48
-        selectByMouse: true
         inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText
         onAccepted: root.accepted()
-    }
-
-    Caption {
-        text: qsTr("Название")
     }
 
     Field {
@@ -55,43 +40,31 @@ ColumnLayout {
 
         objectName: "nameField"
         focus: true
+        label: qsTr("Название")
         inputMethodHints: Qt.ImhNone
-        Accessible.name: qsTr("Название")
-    }
-
-    Caption {
-        text: qsTr("Адрес сервера")
     }
 
     Field {
         id: addressField
 
         objectName: "addressField"
+        label: qsTr("Адрес сервера")
         placeholderText: "192.168.1.10"
-        Accessible.name: qsTr("Адрес сервера")
-    }
-
-    Caption {
-        text: qsTr("Логин")
     }
 
     Field {
         id: loginField
 
         objectName: "loginField"
-        Accessible.name: qsTr("Логин")
-    }
-
-    Caption {
-        text: qsTr("Пароль")
+        label: qsTr("Логин")
     }
 
     Field {
         id: passwordField
 
         objectName: "passwordField"
+        label: qsTr("Пароль")
         echoMode: TextInput.Password
         inputMethodHints: Qt.ImhNoAutoUppercase | Qt.ImhNoPredictiveText | Qt.ImhSensitiveData | Qt.ImhHiddenText
-        Accessible.name: qsTr("Пароль")
     }
 }
