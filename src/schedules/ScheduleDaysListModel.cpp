@@ -4,7 +4,6 @@
 #include "actions/ClipboardRecords.h"
 #include "data/JsValues.h"
 #include "link/AbstractBackendCommunicator.h"
-#include "model/RecordLists.h"
 #include "model/StandardBlueprints.h"
 #include "model/VariantReading.h"
 
@@ -46,11 +45,20 @@ QStringList texts(const QSet<QUuid> &uids)
     return list;
 }
 
+// A script makes an array of the records, whose elements are the records themselves, and may have written maps.
 Points pointsFrom(const QVariant &value)
 {
     const auto plain = JsValues::plain(value);
-    return plain.canConvert<Points>() ? plain.value<Points>()
-                                      : Model::recordsFromVariant<Model::ScheduleDayPoint>(plain);
+    if (plain.canConvert<Points>())
+        return plain.value<Points>();
+    Points points;
+    const auto list = plain.toList();
+    for (const auto &point : list) {
+        points.push_back(point.userType() == qMetaTypeId<Model::ScheduleDayPoint>()
+                             ? point.value<Model::ScheduleDayPoint>()
+                             : Model::ScheduleDayPoint::fromVariant(point));
+    }
+    return points;
 }
 
 QList<int> daysFrom(const QVariant &value)

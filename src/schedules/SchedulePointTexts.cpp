@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schedules/SchedulePointTexts.h"
 
-#include "data/UidKeyAbstractListModel.h"
 #include "shell/ColorTheme.h"
 
 #include <QStringList>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "data/UidKeyAbstractListModel.h"
 #include "model/ActionBlueprint.h"
 #include "model/Schedule.h"
 
@@ -10,8 +11,6 @@
 #include <QPointer>
 #include <QString>
 #include <QUuid>
-
-class UidKeyAbstractListModel;
 
 // What a segment of a day says and which colour it has, by the actions that it fires.
 class SchedulePointTexts
