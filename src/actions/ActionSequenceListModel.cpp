@@ -70,11 +70,12 @@ void ActionSequenceListModel::setActionSequence(const QVariant &sequence)
     emit actionSequenceChanged();
 }
 
-// What the blueprint no longer shows goes, and what it shows by now comes with the blueprint's own value.
+// What the blueprint no longer shows goes, and what it shows by now comes with the blueprint's own value. Only a
+// blueprint of the server counts here: the built-in one may show less, and values must not be lost until it comes.
 void ActionSequenceListModel::complete(Model::ActionBlueprintInstance &instance) const
 {
-    const auto *blueprint = blueprintOf(instance);
-    if (!blueprint)
+    const auto blueprint = m_blueprints.constFind(instance.blueprint);
+    if (blueprint == m_blueprints.constEnd())
         return;
     const auto exposed = blueprint->getExposedProperties();
     auto &own = instance.properties;
