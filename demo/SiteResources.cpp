@@ -187,7 +187,8 @@ QVariant boundedValue(const Model::DeviceTypeInfo::Parameter &field, const QVari
     return value;
 }
 
-// Only what the device's type lets be told; a value outside the limits is clamped.
+// Only what the device's type lets be told; a value outside the limits is clamped. What a device only reports is passed
+// over, since clients send back the whole state that they have.
 QVariantMap readState(const Context &context, const Model::DeviceState &told, Errors &errors)
 {
     const auto *device = context.site.device(told.uid);
@@ -201,8 +202,9 @@ QVariantMap readState(const Context &context, const Model::DeviceState &told, Er
         const auto &fields = type->info.state;
         const auto field = std::find_if(fields.begin(), fields.end(),
                                         [&it](const auto &field) { return field.identificator == it.key(); });
-        if (field == fields.end() || field->access == Model::DeviceTypeInfo::Parameter::Access::Out
-            || !canSet(*field, it.value()))
+        if (field != fields.end() && field->access == Model::DeviceTypeInfo::Parameter::Access::Out)
+            continue;
+        if (field == fields.end() || !canSet(*field, it.value()))
             RequestErrors::invalidData(errors, QStringLiteral("\"%1\" of \"%2\"").arg(it.key(), told.uid.toString()));
         else
             state.insert(it.key(), boundedValue(*field, it.value()));

@@ -510,8 +510,7 @@ void OperationsTest::powerOnStatistics()
 // The whole site in one record: what it holds stays, under the name that it brings.
 void OperationsTest::shop()
 {
-    Model::Shop shop;
-    shop.uid = QUuid::createUuid();
+    Model::Shop shop; // no list tells the uid of the site itself: the null one stands for it
     shop.name = QStringLiteral("Новый завод");
     for (const auto &row : cache().getShopParts())
         shop.shopParts.insert(row.uid, row);
