@@ -481,6 +481,25 @@ private slots:
         QCOMPARE(rows(model), QStringList({"00:00:00 25200 0", "07:00:00 7200 5", "09:00:00 53999 0"}));
     }
 
+    void scriptsBindListsOfOtherModels()
+    {
+        qRegisterMetaType<std::vector<Model::ScheduleDayPoint>>();
+        qRegisterMetaType<std::vector<Model::ActionBlueprint>>();
+        SchedulePointsListModel source;
+        source.reset(day({"00:00:00", "08:00:00"}));
+        source.setBlueprints({Model::ActionBlueprint("Evening", Records::uid(2))});
+        SchedulePointsListModel model;
+        QJSEngine engine;
+        expose(engine, "source", source);
+        expose(engine, "model", model);
+
+        const auto result = engine.evaluate("model.points = source.points; model.blueprints = source.blueprints");
+
+        QVERIFY2(!result.isError(), qPrintable(result.toString()));
+        QCOMPARE(rows(model), rows(source));
+        QCOMPARE(value(model, 1, Role::ActionsDescription).toString(), QString("Evening"));
+    }
+
     void copiesAPointAsIndentedJson()
     {
         SchedulePointsListModel model;
