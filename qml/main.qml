@@ -4,13 +4,33 @@ import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
 import QtQuick.Window 2.15
 import Backend 1.0
+import EnhancedMaterial 1.0 as EM
+import Errors 1.0
+import Fluid.Controls 1.0 as FL
+import FrontendSettings 1.0
 import colors 1.0
 import controls 1.0
 import mainView 1.0
+import roboto_fonts 1.0
 
-// The application window: the connection on top, the plan below it, and the screen that waits for the server.
-QC2.ApplicationWindow {
+// The application window: the way through the program at the left, and the stack of pages beside it.
+FL.ApplicationWindow {
     id: mainWindow
+
+    property bool wasShown: false // its first picture is on the screen
+
+    // Every row of any model, for a look at what the program knows.
+    function showDebugModel(model) {
+        nav.show("debugModel", { model: model })
+    }
+
+    function openConfirmationDialog(text, okButton, cancelButton, callback) {
+        confirmationDialog.positiveButtonText = okButton
+        confirmationDialog.negativeButtonText = cancelButton
+        confirmationDialog.callback = callback
+        confirmationDialog.text = text
+        confirmationDialog.open()
+    }
 
     width: 660
     height: 660
@@ -21,8 +41,12 @@ QC2.ApplicationWindow {
     title: "Ondira Smart " + versionController.version()
     color: "white"
     Material.theme: Material.Light
+    Material.background: "white"
     Material.accent: Colors.blue
     Material.primary: Material.color(Material.Grey, Material.Shade100)
+    appBar.leftPadding: leftSidebar.room
+    pageStack.anchors.leftMargin: leftSidebar.room
+    pageStack.enabled: !permissionsErrorSplash.visible
 
     Component.onCompleted: {
         if (startFullscreen) {
@@ -33,34 +57,90 @@ QC2.ApplicationWindow {
         if (connectionsListModel.loaded)
             connectionsListModel.activate(0)
     }
+    Component.onDestruction: pageStack.pop(null)
+    onFrameSwapped: wasShown = true
 
     // Before anything that writes: the fonts are the same on a machine that has none of them.
-    FontLoader {
-        source: "qrc:/fonts/Roboto-Regular.ttf"
-    }
+    RobotoFontLoader {}
 
     FontLoader {
-        source: "qrc:/fonts/Roboto-Medium.ttf"
-    }
+        id: gothamProBold
 
-    FontLoader {
-        source: "qrc:/fonts/Roboto-Bold.ttf"
-    }
-
-    FontLoader {
         source: "qrc:/fonts/GothamPro-Bold.ttf"
     }
 
-    header: QC2.ToolBar {
-        height: 56
+    // Those that the first picture does not need come after it.
+    FontLoader {
+        id: gothamPro
 
-        ConnectionDisplayButton {
-            id: connectionButton
+        source: mainWindow.wasShown ? "qrc:/fonts/GothamPro.ttf" : ""
+    }
 
-            objectName: "connectionButton"
-            width: Math.min(parent.width, 320)
-            height: parent.height
-            onClicked: connectionsDrawer.openAndStretch(connectionButton)
+    FontLoader {
+        id: magistralFont
+
+        source: mainWindow.wasShown ? "qrc:/fonts/MagistralC-Bold.otf" : ""
+    }
+
+    FontLoader {
+        id: droidSansMonoFont
+
+        source: mainWindow.wasShown ? "qrc:/fonts/DroidSansMono.ttf" : ""
+    }
+
+    EM.StackNavigator {
+        id: nav
+
+        stackView: mainWindow.pageStack
+        initial: "loading"
+
+        EM.StackItem {
+            link: "desktop"
+            preload: false
+            cache: true
+
+            DesktopPage {}
+        }
+
+        EM.StackItem {
+            link: "settings"
+            preload: false
+            cache: true
+
+            SettingsPage {}
+        }
+
+        EM.StackItem {
+            link: "debugModel"
+            preload: false
+            level: 11
+
+            DebugPage {}
+        }
+
+        EM.StackItem {
+            link: "loading"
+            level: 10
+
+            LoadingPage {}
+        }
+    }
+
+    Connections {
+        property string lastLink
+
+        target: Backend
+
+        function onStatusChanged() {
+            if (Backend.status === Backend.Connecting) {
+                if (nav.currentLink !== "loading")
+                    lastLink = nav.currentLink
+                nav.show("loading")
+            } else if (Backend.status === Backend.Connected) {
+                var isOpenToAll = ["desktop", "sliders", "statistics"].indexOf(lastLink) >= 0
+                nav.show(lastLink !== "" && (isOpenToAll || Backend.userGroup === "admin") ? lastLink : "desktop")
+                lastLink = ""
+            }
         }
     }
 
@@ -72,29 +152,26 @@ QC2.ApplicationWindow {
         }
     }
 
-    DesktopPage {
-        objectName: "desktopPage"
-        anchors.fill: parent
-        focus: visible
-        visible: !loadingScreen.visible
-        onAddRequested: tabAddDialog.show({ name: "", address: "", login: "", password: "" })
-    }
+    LeftSidebar {
+        id: leftSidebar
 
-    LoadingScreen {
-        id: loadingScreen
+        readonly property real room: modal ? 0 : width * position
 
-        objectName: "loadingScreen"
-        anchors.fill: parent
-        focus: visible
-        visible: Backend.status !== Backend.Connected
-        onAddRequested: tabAddDialog.show({ name: "", address: "", login: "", password: "" })
+        parent: QC2.Overlay.overlay
+        mobileAspect: mainWindow.width < 960
+        stackDepth: mainWindow.pageStack.depth
+        onErrorsRequested: errorPopup.open()
+        onConnectionsRequested: connectionsDrawer.openAndStretch(caller)
+        onExitRequested: mainWindow.openConfirmationDialog(qsTr("Выйти из программы?"), qsTr("Выйти"),
+                                                           qsTr("Отмена"), Qt.quit)
     }
 
     ConnectionsDrawer {
         id: connectionsDrawer
 
         objectName: "connectionsDrawer"
-        onAddRequested: tabAddDialog.show({ name: "", address: "", login: "", password: "" })
+        locked: FrontendSettings.lockConnections
+        onAddRequested: tabAddDialog.open()
         onEditRequested: tabEditDialog.showRow(row)
     }
 
@@ -103,14 +180,12 @@ QC2.ApplicationWindow {
 
         objectName: "tabAddDialog"
         title: qsTr("Добавление подключения")
-        submitText: qsTr("Добавить")
-        onSubmitted: {
-            if (connectionsListModel.add(settings.name, settings.address, settings.login, settings.password, {})) {
-                accept()
-                connectionsListModel.activate(connectionsListModel.count - 1)
-            } else {
-                refuse()
-            }
+        positiveButtonText: qsTr("Добавить")
+        save: function(settings) {
+            if (!connectionsListModel.add(settings.name, settings.address, settings.login, settings.password, {}))
+                return false
+            connectionsListModel.activate(connectionsListModel.count - 1)
+            return true
         }
     }
 
@@ -121,19 +196,103 @@ QC2.ApplicationWindow {
 
         function showRow(newRow) {
             row = newRow
-            show(connectionsListModel.get(newRow))
+            connection = connectionsListModel.get(newRow)
+            open()
         }
 
         objectName: "tabEditDialog"
         title: qsTr("Изменение подключения")
-        submitText: qsTr("Сохранить")
-        onSubmitted: {
-            if (connectionsListModel.update(row, settings.name, settings.address, settings.login, settings.password))
-                accept()
-            else
-                refuse()
+        positiveButtonText: qsTr("Сохранить")
+        save: function(settings) {
+            return connectionsListModel.update(row, settings.name, settings.address, settings.login,
+                                               settings.password)
         }
     }
 
-    ErrorPopup {}
+    EM.Dialog {
+        id: confirmationDialog
+
+        property var callback: null
+        property string text
+
+        objectName: "confirmationDialog"
+        width: 400
+        onAccepted: {
+            if (callback)
+                callback()
+        }
+
+        FL.BodyLabel {
+            objectName: "confirmationText"
+            font.pixelSize: 16
+            text: confirmationDialog.text
+        }
+    }
+
+    ErrorPopup {
+        id: errorPopup
+    }
+
+    EM.Snackbar {
+        id: snackbar
+
+        objectName: "snackbar"
+    }
+
+    Shortcut {
+        sequence: "Back"
+        onActivated: {
+            if (leftSidebar.visible && leftSidebar.mobileAspect)
+                leftSidebar.close()
+            else if (nav.currentLink !== "desktop" && nav.currentLink !== "loading")
+                nav.show("desktop")
+            else if (!leftSidebar.visible && leftSidebar.mobileAspect)
+                leftSidebar.open()
+        }
+    }
+
+    // What stands above all else, popups too.
+    Item {
+        parent: QC2.Overlay.overlay.parent
+        anchors.fill: parent
+        z: 1e7
+
+        PlaceholderControl {
+            id: permissionsErrorSplash
+
+            objectName: "permissionsErrorSplash"
+            anchors.fill: parent
+            z: 10000
+            visible: !connectionsListModel.loaded
+            immediate: true
+            icon: "action/lock_outline"
+            title: qsTr("Нет доступа к данным")
+            text: qsTr("Нет разрешения на запись и чтение хранилища данных, разрешите запись и чтение файлов "
+                       + "для сохранения и загрузки настроек программы")
+            button.text: qsTr("Запросить разрешения")
+            onClicked: permissionsManager.getStoragePermission()
+        }
+
+        Rectangle {
+            id: splash
+
+            objectName: "splash"
+            anchors.fill: parent
+            z: 11000
+            color: "white"
+
+            FL.Icon {
+                anchors.centerIn: parent
+                size: 96
+                color: "#00a74b"
+                name: "qrc:/images/OndiraLogo.png"
+            }
+
+            Timer {
+                interval: 300
+                running: true
+                onTriggered: splash.visible = false
+            }
+        }
+    }
 }

@@ -2,27 +2,28 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
-import QtQuick.Controls.impl 2.15
 import QtQuick.Layouts 1.15
+import Fluid.Controls 1.0 as FL
 
 // Covers an empty place: says what is missing, and offers what to do first. It comes after a moment, so that a list
 // which is only on its way is not called empty.
 Rectangle {
     id: root
 
-    property url icon
+    property string icon // "group/name", or the address of a picture
     property string title
     property string text
+    property bool immediate: false // there without the moment
     property alias button: actionButton
 
     signal clicked()
 
     objectName: "placeholder"
     implicitHeight: content.implicitHeight + 32
-    color: "white"
+    color: Material.background
 
     SequentialAnimation on opacity {
-        running: root.visible
+        running: root.visible && !root.immediate
 
         PropertyAction { value: 0 }
         PauseAnimation { duration: 200 }
@@ -42,35 +43,11 @@ Rectangle {
         width: Math.max(160, Math.min(parent.width - 32, 560))
         spacing: 8
 
-        ColorImage {
-            Layout.alignment: Qt.AlignHCenter
-            Layout.preferredWidth: 72
-            Layout.preferredHeight: 72
-            sourceSize: Qt.size(72, 72)
-            visible: root.icon != ""
-            color: Material.hintTextColor
-            source: root.icon
-        }
-
-        QC2.Label {
-            objectName: "placeholderTitle"
+        FL.Placeholder {
             Layout.fillWidth: true
-            horizontalAlignment: Text.AlignHCenter
-            font.pixelSize: 20
-            wrapMode: Text.Wrap
-            textFormat: Text.PlainText
+            icon: root.icon
             text: root.title
-        }
-
-        QC2.Label {
-            objectName: "placeholderText"
-            Layout.fillWidth: true
-            horizontalAlignment: Text.AlignHCenter
-            color: Material.secondaryTextColor
-            visible: text !== ""
-            wrapMode: Text.Wrap
-            textFormat: Text.PlainText
-            text: root.text
+            subText: root.text
         }
 
         QC2.Button {

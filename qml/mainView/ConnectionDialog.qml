@@ -3,136 +3,55 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
 import QtQuick.Layouts 1.15
-import QtQuick.Window 2.15
+import EnhancedMaterial 1.0 as EM
 import controls 1.0
 
-// The form of a connection as a dialog. Who opens it saves what is submitted, and either closes it or refuses.
-QC2.Dialog {
+// The form of a connection as a dialog. Who opens it saves what was typed; it stays open where that fails.
+EM.Dialog {
     id: root
 
-    property alias settings: form
-    property string submitText
-    property bool refused: false
+    property var save: null // a function of the settings; true once they are stored
+    property var connection: ({ name: "", address: "", login: "", password: "" })
 
-    signal submitted()
+    width: 480
+    positiveButton.enabled: item !== null && item.acceptable
 
-    function show(connection) {
-        form.fill(connection.name, connection.address, connection.login, connection.password)
-        refused = false
-        open()
-    }
+    ColumnLayout {
+        id: content
 
-    function refuse() {
-        refused = true
-    }
+        readonly property alias acceptable: form.acceptable
+        property bool refused: false
 
-    function submit() {
-        if (form.acceptable)
-            submitted()
-    }
-
-    parent: QC2.Overlay.overlay
-    anchors.centerIn: parent
-    width: Math.min(parent.width - 16, 480)
-    height: Math.min(implicitHeight, parent.height - 16)
-    topPadding: 8
-    bottomPadding: 0
-    modal: true
-    focus: true
-    closePolicy: QC2.Popup.CloseOnEscape // a click beside it would throw away what was typed
-
-    contentItem: Flickable {
-        id: flickable
-
-        readonly property Item focusItem: Window.activeFocusItem
-
-        // Taken a moment later: the texts wrap anew while the dialog still looks for its size.
-        property real formHeight: 0
-
-        function takeFormHeight() {
-            formHeight = column.implicitHeight
+        function aboutToShow() {
+            form.fill(root.connection.name, root.connection.address, root.connection.login, root.connection.password)
         }
 
-        objectName: "connectionForm"
-        implicitHeight: formHeight
-        contentWidth: width
-        contentHeight: formHeight
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-        // The field that has the keyboard is in sight, however low the window.
-        onFocusItemChanged: {
-            if (!focusItem || focusItem.parent !== form)
-                return
-            contentY = Math.max(0, Math.min(focusItem.y, Math.max(contentY, focusItem.y + focusItem.height - height)))
+        function accept() {
+            refused = !root.save(form)
+            return !refused
         }
 
-        QC2.ScrollIndicator.vertical: QC2.ScrollIndicator {}
+        spacing: 0
 
-        ColumnLayout {
-            id: column
+        TabSettingsWindow {
+            id: form
 
-            width: flickable.width
-            spacing: 0
-            onImplicitHeightChanged: Qt.callLater(flickable.takeFormHeight)
-
-            TabSettingsWindow {
-                id: form
-
-                Layout.fillWidth: true
-                focus: true
-                onAccepted: root.submit()
-                onNameChanged: root.refused = false
-                onAddressChanged: root.refused = false
-                onLoginChanged: root.refused = false
-                onPasswordChanged: root.refused = false
-            }
-
-            QC2.Label {
-                objectName: "refusalLabel"
-                Layout.fillWidth: true
-                visible: root.refused
-                color: Material.color(Material.Red, Material.Shade800)
-                wrapMode: Text.Wrap
-                text: qsTr("Не удалось сохранить. Возможно, такое подключение уже есть.")
-            }
+            Layout.fillWidth: true
+            focus: true
+            onAccepted: root.submit()
+            onNameChanged: content.refused = false
+            onAddressChanged: content.refused = false
+            onLoginChanged: content.refused = false
+            onPasswordChanged: content.refused = false
         }
-    }
 
-    footer: Item {
-        implicitHeight: buttons.implicitHeight + 16
-
-        RowLayout {
-            id: buttons
-
-            anchors.fill: parent
-            anchors.margins: 8
-            spacing: 8
-
-            Item {
-                Layout.fillWidth: true
-            }
-
-            QC2.Button {
-                objectName: "cancelButton"
-                Layout.minimumWidth: 64
-                flat: true
-                text: qsTr("Отмена")
-                Keys.onReturnPressed: clicked()
-                Keys.onEnterPressed: clicked()
-                onClicked: root.reject()
-            }
-
-            QC2.Button {
-                objectName: "submitButton"
-                Layout.minimumWidth: 64
-                flat: true
-                highlighted: true
-                enabled: form.acceptable
-                text: root.submitText
-                Keys.onReturnPressed: clicked()
-                Keys.onEnterPressed: clicked()
-                onClicked: root.submit()
-            }
+        QC2.Label {
+            objectName: "refusalLabel"
+            Layout.fillWidth: true
+            visible: content.refused
+            color: Material.color(Material.Red, Material.Shade800)
+            wrapMode: Text.Wrap
+            text: qsTr("Не удалось сохранить. Возможно, такое подключение уже есть.")
         }
     }
 }

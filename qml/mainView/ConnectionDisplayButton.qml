@@ -6,10 +6,13 @@ import QtQuick.Layouts 1.15
 import Backend 1.0
 import colors 1.0
 
-// The present connection: its name, its state, and the server's clock. A click opens the list of connections.
+// The page's title with the state of the connection and the server's clock. A click opens the list of connections. On
+// a narrow window the sidebar has its place.
 QC2.ItemDelegate {
     id: root
 
+    property string title
+    readonly property bool compact: mainWindow.width < 960
     readonly property string statusText: {
         if (Backend.status === Backend.Connecting)
             return qsTr("Подключение...")
@@ -23,9 +26,13 @@ QC2.ItemDelegate {
         return Backend.status === Backend.Connecting ? Colors.orange : Colors.red
     }
 
+    objectName: "connectionButton"
+    implicitWidth: 200
+    implicitHeight: 56
+    visible: !compact
     focusPolicy: Qt.StrongFocus
-    text: connectionsListModel.currentConnectionName === "" ? qsTr("Подключения")
-                                                            : connectionsListModel.currentConnectionName
+    text: title
+    onClicked: connectionsDrawer.openAndStretch(root)
     Accessible.role: Accessible.ButtonMenu
     Accessible.name: text
     Accessible.description: statusText

@@ -12,6 +12,12 @@ QC2.Popup {
 
     property bool locked: false
     readonly property bool canEdit: !locked || Backend.userGroup === "admin"
+    // The connection in use: its name, address and login.
+    readonly property var current: ({
+        name: connectionsListModel.currentConnectionName,
+        address: connectionsListModel.currentAddress,
+        login: connectionsListModel.currentLogin
+    })
 
     signal addRequested()
     signal editRequested(int row)

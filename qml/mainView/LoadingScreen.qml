@@ -2,9 +2,9 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
-import QtQuick.Controls.impl 2.15
 import QtQuick.Layouts 1.15
 import Backend 1.0
+import Fluid.Controls 1.0 as FL
 import colors 1.0
 import controls 1.0
 
@@ -61,7 +61,8 @@ FocusScope {
             width: parent.width
             height: 220
             visible: !root.hasConnections
-            icon: "qrc:/images/router.svg"
+            icon: "hardware/router"
+            immediate: true
             title: qsTr("Не создано ни одного подключения к серверу")
             button.text: qsTr("Создать подключение")
             button.focus: visible
@@ -76,14 +77,14 @@ FocusScope {
             width: Math.max(160, Math.min(parent.width - 32, 480))
             spacing: 16
 
-            ColorImage {
+            FL.Icon {
                 objectName: "loadingLogo"
                 Layout.alignment: Qt.AlignHCenter
-                Layout.preferredWidth: 72
-                Layout.preferredHeight: 72
-                sourceSize: Qt.size(144, 144)
+                Layout.preferredWidth: size
+                Layout.preferredHeight: size
+                size: 72
                 color: root.disconnected ? Colors.blue : "#00a74b"
-                source: "qrc:/images/OndiraLogo.png"
+                name: "qrc:/images/OndiraLogo.png"
 
                 Behavior on color {
                     ColorAnimation { duration: 200 }

@@ -2,12 +2,19 @@
 #include "qml/Stage.h"
 
 #include "actions/ActionSequenceBuilder.h"
+#include "actions/ActionSequenceListModel.h"
 #include "actions/ActionWrapperBuilder.h"
 #include "data/ModelToListAdapter.h"
 #include "data/QmlStringSet.h"
+#include "data/QuickImageLayerProvider.h"
+#include "data/RadioTypes.h"
 #include "data/Records.h"
+#include "data/SharedModels.h"
 #include "data/UidFilterProxyModel.h"
 #include "data/qqsfpm/Registration.h"
+
+#include "schedules/SchedulePointWrapper.h"
+#include "schedules/SchedulePointsListModel.h"
 #include "shell/ColorTheme.h"
 #include "shell/IconSet.h"
 
@@ -99,13 +106,25 @@ Stage::Stage(Storage storage)
 
     m_engine.addImportPath(QStringLiteral("qrc:/"));
     QQmlFileSelector::get(&m_engine)->setExtraSelectors({QStringLiteral("qt515")}); // as the program does
+    SharedModels::instance() = {&link, &users, &deviceTypes, &devices, &parts, &zones, &faults, &buttons, &indicators};
+    m_engine.addImageProvider(QStringLiteral("image_layer"), new QuickImageLayerProvider(link)); // the engine takes it
     auto *context = m_engine.rootContext();
     context->setContextProperty(QStringLiteral("shopController"), &shop);
     context->setContextProperty(QStringLiteral("versionController"), &version);
     context->setContextProperty(QStringLiteral("backendCommunicator"), &link);
     context->setContextProperty(QStringLiteral("zonesListModel"), &zones);
     context->setContextProperty(QStringLiteral("shopPartsListModel"), &parts);
+    context->setContextProperty(QStringLiteral("deviceTypesListModel"), &deviceTypes);
+    context->setContextProperty(QStringLiteral("buttonsListModel"), &buttons);
+    context->setContextProperty(QStringLiteral("indicatorsListModel"), &indicators);
+    context->setContextProperty(QStringLiteral("imageItemsListModel"), &images);
+    context->setContextProperty(QStringLiteral("radioDevicesListModel"), &radios);
+    context->setContextProperty(QStringLiteral("actionsListModel"), &actions);
+    context->setContextProperty(QStringLiteral("schedulesListModel"), &schedules);
+    context->setContextProperty(QStringLiteral("settingsController"), &serverSettings);
+    context->setContextProperty(QStringLiteral("deviceFaultsListModel"), &faults);
     context->setContextProperty(QStringLiteral("usersListModel"), &users);
+    context->setContextProperty(QStringLiteral("usersController"), &users.getUsersController());
     context->setContextProperty(QStringLiteral("devicesListModel"), &devices);
     context->setContextProperty(QStringLiteral("serverTimeController"), &time);
     context->setContextProperty(QStringLiteral("connectionsListModel"), &connections);
@@ -120,6 +139,7 @@ Stage::Stage(Storage storage)
 Stage::~Stage()
 {
     current = nullptr;
+    SharedModels::instance() = {};
 }
 
 void Stage::registerTypes()
@@ -133,6 +153,11 @@ void Stage::registerTypes()
     qmlRegisterType<ActionSequenceBuilder>("ActionSequenceBuilder", 1, 0, "ActionSequenceBuilder");
     qmlRegisterType<ActionWrapperBuilder>("ActionWrapper", 1, 0, "ActionWrapper");
     qmlRegisterType<ModelToListAdapter>("ModelToArrayAdapter", 1, 0, "ModelToArrayAdapter");
+    qmlRegisterType<ActionSequenceListModel>("ActionSequenceListModel", 1, 0, "ActionSequenceListModel");
+    qmlRegisterType<SchedulePointWrapper>("SchedulePoint", 1, 0, "SchedulePoint");
+    qmlRegisterType<SchedulePointsListModel>("SchedulePointsListModel", 1, 0, "SchedulePointsListModel");
+    qmlRegisterUncreatableType<RadioDevicesListModel>("radio", 1, 0, "RadioDevicesListModel", "Only enums");
+    qmlRegisterUncreatableMetaObject(Radio::staticMetaObject, "radio", 1, 0, "Radio", "Only enums");
     qmlRegisterType<QmlStringSet>("StringSet", 1, 0, "StringSet");
     qqsfpm::registerTypes();
     const auto kept = [](QObject *object) {

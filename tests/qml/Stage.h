@@ -1,18 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "actions/ActionsListModel.h"
+#include "data/ButtonsListModel.h"
 #include "data/DeviceFaultsListModel.h"
+#include "data/DeviceTypesListModel.h"
 #include "data/DevicesListModel.h"
 #include "data/ErrorsListModel.h"
+#include "data/ImageItemsListModel.h"
+#include "data/IndicatorsListModel.h"
+#include "data/RadioDevicesListModel.h"
 #include "data/ServerTimeController.h"
+#include "data/SettingsController.h"
 #include "data/ShopController.h"
 #include "data/ShopPartsListModel.h"
 #include "data/UsersListModel.h"
 #include "data/ZonesListModel.h"
+#include "schedules/ScheduleDaysListModel.h"
 #include "shell/ConnectionsListModel.h"
-#include "shell/QmlFileDialogHelper.h"
 #include "shell/FrontendSettings.h"
 #include "shell/LanguageController.h"
+#include "shell/QmlFileDialogHelper.h"
 #include "shell/RuntimePermissionsManager.h"
 #include "shell/VersionController.h"
 #include "support/FakeCommunicator.h"
@@ -69,6 +77,14 @@ public:
     DeviceFaultsListModel faults{link, devices};
     ShopPartsListModel parts{link, users};
     ZonesListModel zones{link, devices, faults, users};
+    DeviceTypesListModel deviceTypes{link};
+    ButtonsListModel buttons{link, users};
+    IndicatorsListModel indicators{link, users};
+    ImageItemsListModel images{link, users};
+    RadioDevicesListModel radios{link};
+    ActionsListModel actions{link};
+    ScheduleDaysListModel schedules{link};
+    SettingsController serverSettings{link};
     ShopController shop{link};
     ServerTimeController time{link};
     VersionController version;

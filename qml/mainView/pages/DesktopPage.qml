@@ -3,18 +3,18 @@ import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
 import Backend 1.0
+import Fluid.Controls 1.0 as FL
 import SortFilterProxyModel 0.2
 import controls 1.0
+import mainView 1.0
 import screens 1.0
 
 // The plan of the part that the tabs choose, and the bar that drives the selected zones.
-QC2.Page {
+FL.Page {
     id: root
 
     readonly property alias shopScreen: shop
     readonly property alias partsTabbar: tabs
-
-    signal addRequested()
 
     function tabOf(uid) {
         for (var i = 0; i < partsModel.count; ++i) {
@@ -22,6 +22,16 @@ QC2.Page {
                 return i
         }
         return -1
+    }
+
+    objectName: "desktop"
+    title: connectionsDrawer.current.name === "" ? qsTr("Рабочий стол") : connectionsDrawer.current.name
+    customContent: ConnectionDisplayButton {
+        title: root.title
+    }
+
+    OndiraSidebarActions {
+        page: root
     }
 
     header: QC2.TabBar {
@@ -145,7 +155,7 @@ QC2.Page {
         objectName: "emptyPart"
         anchors.fill: parent
         visible: tabs.count > 0 && shop.uid !== "" && shop.isEmpty
-        icon: "qrc:/images/plan.svg"
+        icon: "maps/map"
         title: qsTr("Объект пуст")
         button.visible: false
     }
@@ -156,7 +166,7 @@ QC2.Page {
         objectName: "noParts"
         anchors.fill: parent
         visible: tabs.count === 0
-        icon: "qrc:/images/plan.svg"
+        icon: "maps/map"
         title: qsTr("Не создано ни одного объекта")
         button.visible: Backend.userGroup === "admin"
         onClicked: shopPartsListModel.addShopPart({}, function() {})
@@ -168,10 +178,10 @@ QC2.Page {
         objectName: "noSavedConnections"
         anchors.fill: parent
         visible: connectionsListModel.count === 0
-        icon: "qrc:/images/router.svg"
+        icon: "hardware/router"
         title: qsTr("Нет подключений к серверу")
         button.text: qsTr("Создать")
-        onClicked: root.addRequested()
+        onClicked: tabAddDialog.open()
     }
 
     QC2.Drawer {

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+import QtQuick 2.15
+import QtQuick.Controls 2.15 as QC2
+import QtQuick.Controls.Material 2.15
+import EnhancedMaterial 1.0 as EM
+import Fluid.Core 1.0 as FLC
+import mainView 1.0
+import screens 1.0
+
+// The way through the program at the left of the window: a narrow column of icons that is always there, or a drawer
+// with texts where the window is narrow. What it opens outlives a change of its shape.
+QC2.Drawer {
+    id: root
+
+    property bool mobileAspect: false
+    property alias compact: root.mobileAspect
+    property int stackDepth: 1 // of pages; a page at the depth of 3 covers the window
+    readonly property SidebarEntries entries: SidebarEntries {}
+
+    signal exitRequested()
+    signal errorsRequested()
+    signal connectionsRequested(Item caller)
+
+    function iconUrl(icon) {
+        return FLC.Utils.iconUrl(icon)
+    }
+
+    function openVersion() {
+        versionDialog.open()
+    }
+
+    function openLanguage() {
+        languageDialog.open()
+    }
+
+    function openUser() {
+        userDialog.open()
+    }
+
+    function go(link) {
+        nav.show(link)
+        if (mobileAspect)
+            close()
+        else
+            mainWindow.pageStack.forceActiveFocus()
+    }
+
+    objectName: "leftSidebar"
+    edge: Qt.LeftEdge
+    width: mobileAspect ? Math.min(240, parent.width - FLC.Device.gridUnit) : 100
+    height: parent.height
+    padding: 0
+    topPadding: 0
+    modal: mobileAspect
+    interactive: mobileAspect
+    dim: mobileAspect
+    focus: mobileAspect
+    closePolicy: mobileAspect ? QC2.Popup.CloseOnEscape | QC2.Popup.CloseOnPressOutside : QC2.Popup.NoAutoClose
+    visible: !mobileAspect && stackDepth < 3
+    Material.elevation: interactive ? 4 : 0
+    Material.background: mobileAspect ? Material.primary : "#ff313c43"
+
+    Behavior on width {
+        NumberAnimation { duration: 200 }
+    }
+
+    contentItem: FocusScope {
+        Loader {
+            objectName: "sidebarBody"
+            anchors.fill: parent
+            focus: true
+            source: root.mobileAspect ? "qrc:/mainView/leftSidebar/MobileSidebar.qml"
+                                      : "qrc:/mainView/leftSidebar/DesktopSidebar.qml"
+            onLoaded: item.sidebar = root
+        }
+    }
+
+    VersionInfoDialog {
+        id: versionDialog
+    }
+
+    EM.Dialog {
+        id: languageDialog
+
+        objectName: "languageDialog"
+        title: qsTr("Выбор языка")
+        width: 480
+
+        LanguageSelector {}
+    }
+
+    EM.Dialog {
+        id: userDialog
+
+        objectName: "userDialog"
+        title: qsTr("Смена пользователя")
+        width: 400
+
+        UserForm {
+            onSubmitted: userDialog.submit()
+            onAccepted: connectionsListModel.relogin(connectionsListModel.currentIndex, login, password)
+        }
+    }
+}
