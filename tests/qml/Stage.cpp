@@ -77,6 +77,13 @@ const char *const shell = R"(
      property int opened: 0
      function open() { ++opened }
  }
+ property string confirmation // what was asked last
+ property var confirmed
+ function openConfirmationDialog(text, ok, cancel, callback) {
+     confirmation = text
+     confirmed = callback
+ }
+ function confirm() { confirmed() }
  property QtObject magistralFont: QtObject { property string name: "Play" }
 )";
 
