@@ -41,6 +41,12 @@ void storeFull(JsonAPI::Errors &errors, const QString &detail)
     errors.add("store_full_error", QStringLiteral("На сервере нет места для файла"), detail);
 }
 
+void tooMuchStatistics(JsonAPI::Errors &errors, const QString &detail)
+{
+    errors.add("too_much_statistics_error",
+               QStringLiteral("Запрошено слишком много статистики: уменьшите период или число устройств"), detail);
+}
+
 void lastAdministrator(JsonAPI::Errors &errors)
 {
     errors.add("last_admin_error", QStringLiteral("На сервере должен остаться хотя бы один администратор"));

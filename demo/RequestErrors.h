@@ -18,6 +18,7 @@ void unknownRecord(JsonAPI::Errors &errors, const QString &id);
 void invalidData(JsonAPI::Errors &errors, const QString &detail); // read, but makes no sense here
 void unknownBlueprint(JsonAPI::Errors &errors, const QString &uid);
 void storeFull(JsonAPI::Errors &errors, const QString &detail); // of pictures and meshes
+void tooMuchStatistics(JsonAPI::Errors &errors, const QString &detail); // in one reply
 void lastAdministrator(JsonAPI::Errors &errors);
 void corruptedBackup(JsonAPI::Errors &errors, const QString &detail);
 void authNeeded(JsonAPI::Errors &errors);

@@ -48,8 +48,8 @@ const Row *findRow(const std::vector<Row> &rows, Predicate predicate)
 
 const Resource *findResource(const Request &request, bool &nameKnown)
 {
-    for (const auto *rows :
-         {&siteResources(), &planResources(), &automationResources(), &systemResources(), &serviceResources()}) {
+    for (const auto *rows : {&siteResources(), &planResources(), &automationResources(), &systemResources(),
+                             &serviceResources(), &statisticsResources()}) {
         for (const auto &row : *rows) {
             if (request.type != QLatin1String(row.name))
                 continue;

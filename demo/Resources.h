@@ -64,6 +64,7 @@ const std::vector<Resource> &planResources(); // buttons, indicators, pictures a
 const std::vector<Resource> &automationResources(); // blueprints, schedules, and what runs at once
 const std::vector<Resource> &systemResources(); // users, clock, backup and the like
 const std::vector<Resource> &serviceResources(); // settings, transports and the journal
+const std::vector<Resource> &statisticsResources(); // time series and run hours
 const std::vector<Upload> &planUploads();
 const std::vector<Upload> &uploads(); // of the system
 

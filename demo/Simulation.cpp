@@ -12,6 +12,7 @@ constexpr qint64 second = 1000;
 constexpr qint64 minute = 60 * second;
 constexpr qint64 pollDefault = 10 * second;
 constexpr qint64 failureEvery = 3 * minute; // of a site of typical size
+constexpr qint64 runHoursEvery = 6 * minute; // a tenth of an hour
 constexpr int typicalSize = 150; // devices
 constexpr double lampWatts = 60;
 constexpr int outdoorSwing = 50; // zones that daylight moves by more are under the sky
@@ -63,6 +64,7 @@ Simulation::Simulation(DemoSite &site, quint32 seed)
     : m_site(site)
     , m_random(seed)
     , m_nextFailure(failureEvery)
+    , m_nextRunHours(runHoursEvery)
 {}
 
 double Simulation::uniform(double least, double most)
@@ -130,6 +132,8 @@ void Simulation::advance(qint64 milliseconds, const QDateTime &siteTime)
         if (track.nextPoll <= m_now)
             poll(device, track);
     }
+    if (m_now >= m_nextRunHours)
+        tellRunHours();
     if (m_tracks.size() > static_cast<int>(m_site.data().devices.size()))
         forgetRemoved();
 }
@@ -165,6 +169,8 @@ void Simulation::poll(const SiteDevice &device, Track &track)
     const auto *type = m_site.deviceType(device.descriptor.url);
     const auto behaviour = type ? behaviourOf(type->info.commonType) : nullptr;
     if (behaviour) {
+        if (isLamp(type->info.commonType) && device.state.value(powerKey()).toInt() > 0)
+            track.ran += m_now - track.lastPoll;
         auto state = device.state;
         (this->*behaviour)(device, track, state);
         m_site.setState(device.descriptor.uid, state);
@@ -189,6 +195,24 @@ void Simulation::failSomeLamp()
     const auto chosen = std::min(static_cast<int>(uniform(0, lamps.size())), lamps.size() - 1);
     const auto *device = m_site.device(lamps.at(chosen));
     trackOf(*device).recoversAt = m_now + static_cast<qint64>(uniform(2 * minute, 6 * minute));
+}
+
+// All at once, so that one publication tells them. Hours that were set in between count from then on.
+void Simulation::tellRunHours()
+{
+    m_nextRunHours = m_now + runHoursEvery;
+    for (const auto &device : m_site.data().devices) {
+        auto &track = trackOf(device);
+        if (track.ran <= 0)
+            continue;
+        auto info = m_site.data().powerOn.value(device.descriptor.uid);
+        const auto since = info.lastUpdate.isValid() ? info.lastUpdate.msecsTo(m_siteTime) : track.ran;
+        info.uid = device.descriptor.uid;
+        info.powerOnHours += double(since < 0 ? track.ran : std::min(track.ran, since)) / (60 * minute);
+        info.lastUpdate = m_siteTime;
+        track.ran = 0;
+        m_site.put(info);
+    }
 }
 
 void Simulation::note(const QString &action)

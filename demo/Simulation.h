@@ -34,6 +34,7 @@ private:
         qint64 recoversAt = 0; // of a failed lamp
         qint64 since = 0; // when a beacon changed
         double reference = 0; // what a value drifts around
+        qint64 ran = 0; // milliseconds that a lamp was on since its run hours were told
     };
 
     struct Light // of one zone
@@ -48,6 +49,7 @@ private:
     Track &trackOf(const SiteDevice &device);
     void poll(const SiteDevice &device, Track &track);
     void failSomeLamp();
+    void tellRunHours();
     void forgetRemoved();
     double zonePower(const QUuid &zone); // mean percent
     double partLoad(const QUuid &part); // watts
@@ -76,6 +78,7 @@ private:
     qint64 m_now = 0; // milliseconds since the start
     QDateTime m_siteTime;
     qint64 m_nextFailure;
+    qint64 m_nextRunHours;
     double m_daylight = 0;
 };
 

@@ -109,6 +109,13 @@ QList<QByteArray> goodRequests()
         document("GET", "radio_status"),
         document("GET", "available_com_ports"),
         document("GET", "system_log?from=1795170600000&to=1795260600000"),
+        document("GET",
+                 "statistics?from=2026-11-21T09%3A00%3A00Z&to=2026-11-21T10%3A00%3A00Z&entities=%7B%22"
+                     + QUuid(lamp).toString().toUtf8().toPercentEncoding()
+                     + "%22%3A%5B%22Lamp.qml%22%5D%7D&resolution=minute"),
+        document("GET", "statistics_info"),
+        document("POST", "power_on_statistics", listOf({entity("device_power_on_info", lamp, R"({"power_on_hours": 12.5,
+                     "last_update": "2026-11-21T10:30:00Z"})")})),
         document("POST", "system_factory_reset/", R"([{"type": "factory_reset", "id": ""}])"),
     };
 }
