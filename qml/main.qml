@@ -91,6 +91,7 @@ FL.ApplicationWindow {
     EM.StackNavigator {
         id: nav
 
+        objectName: "nav"
         stackView: mainWindow.pageStack
         initial: "loading"
 

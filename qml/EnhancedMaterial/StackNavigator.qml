@@ -14,6 +14,7 @@ Item {
 
     // The page of that link becomes the current one, with those properties; null where nothing has that link.
     function show(name, customProps) {
+        internal.complete()
         var wanted = internal.links[name]
         if (!wanted) {
             console.warn("Could not find NAV PAGE '%1'".arg(name))
@@ -44,11 +45,7 @@ Item {
     onItemsChanged: internal.rebuild()
     onInitialChanged: internal.start()
     onStackViewChanged: internal.start()
-    Component.onCompleted: {
-        internal.completed = true
-        internal.rebuild()
-        internal.start()
-    }
+    Component.onCompleted: internal.complete()
 
     QtObject {
         id: internal
@@ -57,6 +54,15 @@ Item {
         property string lastLink
         property var links: ({})
         property var instances: ({})
+
+        // Whoever asks for a page before the window is complete finds everything in its place.
+        function complete() {
+            if (completed || !root.stackView)
+                return
+            completed = true
+            rebuild()
+            start()
+        }
 
         function rebuild() {
             if (!completed)

@@ -95,6 +95,7 @@ EM.Dialog {
             negativeButtonText: ""
 
             TextViewer {
+                objectName: "changelogText"
                 implicitHeight: 360
                 focus: true
                 source: "qrc:/changelog/changelog.txt"

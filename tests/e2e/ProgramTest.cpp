@@ -229,7 +229,7 @@ void ProgramTest::zoomStaysInItsBounds()
     QVERIFY(plan->scale() < 4.0);
     QVERIFY(plan->scale() > 3.5);
     wheel(-60);
-    auto *page = m_driver->find("desktopPage");
+    auto *page = m_driver->find("desktop");
     QVERIFY(plan->scale() * 4096 >= page->width() - 1);
     QVERIFY(plan->scale() < 0.5);
 

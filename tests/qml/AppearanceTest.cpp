@@ -136,7 +136,7 @@ void AppearanceTest::enter(Stage &stage, const QString &screen)
             QTRY_VERIFY(stage.has("editConnection0"));
             stage.settle();
             stage.click("editConnection0");
-            QTRY_VERIFY(stage.has("submitButton"));
+            QTRY_VERIFY(stage.has("positiveButton"));
         }
     } else if (screen == "connecting") {
         stage.object("loadingScreen")->setProperty("seconds", 301);

@@ -3,6 +3,7 @@
 #include "shell/ColorTheme.h"
 #include "support/TestBase.h"
 
+#include <QQmlProperty>
 #include <QTimeZone>
 
 using Link = AbstractBackendCommunicator;
@@ -38,18 +39,39 @@ private slots:
         QCOMPARE(dot(stage), ColorTheme().green());
     }
 
-    void showsTheNameOfTheConnection()
+    void showsTheTitleOfThePage()
     {
         Stage stage;
         auto *button = show(stage);
-        QCOMPARE(stage.text("connectionName"), QString("Подключения"));
 
-        stage.connections.add("<i>Дом</i> & сад", "127.0.0.1", "", "");
-        stage.connections.activate(0);
+        button->setProperty("title", "<i>Дом</i> & сад");
 
         QCOMPARE(stage.text("connectionName"), QString("<i>Дом</i> & сад"));
         QCOMPARE(stage.item("connectionName")->property("textFormat").toInt(), static_cast<int>(Qt::PlainText));
         QCOMPARE(button->property("text").toString(), QString("<i>Дом</i> & сад"));
+    }
+
+    void aNarrowWindowHasItInItsSidebar()
+    {
+        Stage stage;
+        auto *button = show(stage);
+        stage.resize({960, 600});
+        QVERIFY(button->isVisible());
+        QCOMPARE(button->implicitWidth(), 200.0);
+
+        stage.resize({959, 600});
+
+        QVERIFY(!button->isVisible());
+    }
+
+    void aClickOpensTheConnectionsOverIt()
+    {
+        Stage stage;
+        auto *button = show(stage);
+
+        stage.click(button);
+
+        QCOMPARE(QQmlProperty::read(stage.window(), "connectionsDrawer.caller").value<QQuickItem *>(), button);
     }
 
     void aLongNameIsCut_data()
@@ -67,8 +89,7 @@ private slots:
         Stage stage;
         auto *button = show(stage);
 
-        stage.connections.add(name, "127.0.0.1", "", "");
-        stage.connections.activate(0);
+        button->setProperty("title", name);
         stage.settle();
 
         auto *label = stage.item("connectionName");

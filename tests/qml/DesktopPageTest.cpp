@@ -18,7 +18,7 @@ private:
         stage.link.logIn("someone", group);
         stage.link.operations.clear();
         return stage.show("DesktopPage { objectName: 'page'; anchors.fill: parent; focus: true\n"
-                          "property int adds: 0; onAddRequested: ++adds }");
+                          "property int adds: tabAddDialog.opened }");
     }
 
     static QString shownPart(const Stage &stage) { return stage.item("shopScreen")->property("uid").toString(); }

@@ -20,7 +20,7 @@ private:
     static void openForm(Stage &stage, const QString &button)
     {
         stage.click(button);
-        QTRY_VERIFY(stage.has("submitButton"));
+        QTRY_VERIFY(stage.has("positiveButton"));
         stage.settle();
     }
 
@@ -130,16 +130,16 @@ private slots:
         openDrawer(stage);
         openForm(stage, "addConnectionButton");
         QCOMPARE(stage.focusName(), QString("nameField"));
-        QVERIFY(!stage.item("submitButton")->isEnabled());
+        QVERIFY(!stage.item("positiveButton")->isEnabled());
 
         typeForm(stage, {"Офис", "10.0.0.2", "admin", "тайна"});
-        QVERIFY(stage.item("submitButton")->isEnabled());
+        QVERIFY(stage.item("positiveButton")->isEnabled());
         stage.key(Qt::Key_Return);
 
         QCOMPARE(row(stage, 1), QStringList({"Офис", "10.0.0.2", "admin", "тайна"}));
         QCOMPARE(stage.connections.getCurrentIndex(), 1);
         QCOMPARE(stage.link.getAddress(), QString("10.0.0.2"));
-        QTRY_VERIFY(!stage.has("submitButton"));
+        QTRY_VERIFY(!stage.has("positiveButton"));
     }
 
     void theFormIsEmptyEachTime()
@@ -149,7 +149,7 @@ private slots:
         openForm(stage, "placeholderButton");
         typeForm(stage, {"a", "b", "c", "d"});
         stage.key(Qt::Key_Escape);
-        QTRY_VERIFY(!stage.has("submitButton"));
+        QTRY_VERIFY(!stage.has("positiveButton"));
 
         openForm(stage, "placeholderButton");
 
@@ -176,10 +176,10 @@ private slots:
         QCOMPARE(stage.connections.getCurrentIndex(), 0);
         QCOMPARE(stage.link.operations, QStringList());
         QVERIFY(stage.has("refusalLabel"));
-        QVERIFY(stage.has("submitButton")); // open, so that what was typed can be changed
+        QVERIFY(stage.has("positiveButton")); // open, so that what was typed can be changed
         stage.type("2");
         QVERIFY(!stage.has("refusalLabel"));
-        stage.click("submitButton");
+        stage.click("positiveButton");
 
         QCOMPARE(row(stage, 2), QStringList({"Офис", "10.0.0.2", "admin", "p2"}));
         QCOMPARE(stage.connections.getCurrentIndex(), 2);
@@ -193,9 +193,9 @@ private slots:
 
         stage.type("Офис");
         stage.key(Qt::Key_Return);
-        stage.click("submitButton");
+        stage.click("positiveButton");
 
-        QVERIFY(stage.has("submitButton"));
+        QVERIFY(stage.has("positiveButton"));
         QCOMPARE(stage.connections.rowCount(), 0);
     }
 
@@ -210,8 +210,8 @@ private slots:
         stage.settle();
 
         QCOMPARE(stage.text("nameField"), QString("Офис"));
-        stage.click("cancelButton");
-        QTRY_VERIFY(!stage.has("submitButton"));
+        stage.click("negativeButton");
+        QTRY_VERIFY(!stage.has("positiveButton"));
     }
 
     void aSavedConnectionIsChanged()
@@ -224,7 +224,7 @@ private slots:
         openDrawer(stage);
         stage.key(Qt::Key_Down);
         stage.key(Qt::Key_F2);
-        QTRY_VERIFY(stage.has("submitButton"));
+        QTRY_VERIFY(stage.has("positiveButton"));
         QCOMPARE(stage.text("nameField"), QString("Офис"));
         QCOMPARE(stage.text("addressField"), QString("10.0.0.2"));
         QCOMPARE(stage.text("loginField"), QString("b"));
@@ -240,7 +240,7 @@ private slots:
         QCOMPARE(row(stage, 0), QStringList({"Дом", "10.0.0.1", "a", "1"}));
         QCOMPARE(stage.connections.getCurrentIndex(), 0);
         QCOMPARE(stage.link.operations, QStringList()); // another one than that in use
-        QTRY_VERIFY(!stage.has("submitButton"));
+        QTRY_VERIFY(!stage.has("positiveButton"));
     }
 
     void theConnectionInUseReconnectsWhenChanged()
@@ -251,12 +251,12 @@ private slots:
         stage.link.operations.clear();
         openDrawer(stage);
         stage.key(Qt::Key_F2);
-        QTRY_VERIFY(stage.has("submitButton"));
+        QTRY_VERIFY(stage.has("positiveButton"));
         stage.settle();
         stage.item("passwordField")->forceActiveFocus();
 
         stage.type("23");
-        stage.click("submitButton");
+        stage.click("positiveButton");
 
         QCOMPARE(row(stage, 0), QStringList({"Дом", "10.0.0.1", "a", "123"}));
         QCOMPARE(stage.link.operations, QStringList({"auth"}));
@@ -271,17 +271,17 @@ private slots:
         stage.showMain();
         openDrawer(stage);
         stage.key(Qt::Key_F2);
-        QTRY_VERIFY(stage.has("submitButton"));
+        QTRY_VERIFY(stage.has("positiveButton"));
         stage.settle();
         stage.item("loginField")->setProperty("text", "b");
         expectMessage(QtWarningMsg, "UNIQUE constraint failed");
 
-        stage.click("submitButton");
+        stage.click("positiveButton");
 
         QVERIFY(stage.has("refusalLabel"));
         QCOMPARE(row(stage, 0), QStringList({"Дом", "10.0.0.1", "a", ""}));
-        stage.click("cancelButton");
-        QTRY_VERIFY(!stage.has("submitButton"));
+        stage.click("negativeButton");
+        QTRY_VERIFY(!stage.has("positiveButton"));
     }
 
     void theListClosesByItsOwnButton()
@@ -311,7 +311,7 @@ private slots:
             QVERIFY2(QRectF(0, -0.5, form->width(), form->height() + 1).contains(place), field);
             stage.key(Qt::Key_Tab);
         }
-        auto *button = stage.item("submitButton");
+        auto *button = stage.item("positiveButton");
         QVERIFY(button->mapToScene(QPointF(0, button->height())).y() <= 320);
     }
 
@@ -327,7 +327,7 @@ private slots:
         stage.key(Qt::Key_Return);
 
         QTRY_VERIFY(!stage.has("errorText"));
-        QVERIFY(stage.has("submitButton"));
+        QVERIFY(stage.has("positiveButton"));
         QTRY_COMPARE(stage.focusName(), QString("nameField"));
     }
 

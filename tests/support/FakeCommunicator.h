@@ -52,6 +52,7 @@ public:
     Done failedCallback;
 
     void publishButtonStates(const std::vector<Model::ButtonState> &list) { emit buttonStateListReceived(list); }
+    void tellVersion(const QVersionNumber &version) { setServerVersion(version); }
     void publishUsers(const std::vector<Model::UserInfo> &list) { emit backendUserListReceived(list); }
     void publishDeviceStates(const std::vector<Model::DeviceState> &list) { emit devicesStatesReceived(list); }
     void publishDeviceTypes(const std::vector<Model::DeviceTypeInfo> &list) { emit devicesTypesReceived(list); }

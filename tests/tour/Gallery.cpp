@@ -36,7 +36,7 @@ Gallery::Gallery(Driver &driver, const QString &pictureFolder, const QString &si
 bool Gallery::run()
 {
     m_driver.resize(desktop.width(), desktop.height());
-    return firstSteps() && plan() && emptyStates() && lostServer() && step("no warning in the log", [this] {
+    return firstSteps() && plan() && sidebar() && settings() && emptyStates() && lostServer() && step("no warning in the log", [this] {
                bool isClean = true;
                for (const auto &warning : m_driver.warnings()) {
                    // The form that was refused: the same connection twice.
@@ -59,7 +59,7 @@ bool Gallery::firstSteps()
                 })
         && step("wrong password",
                 [this] {
-                    return type("loginField", "admin") && type("passwordField", "wrong") && press("submitButton")
+                    return type("loginField", "admin") && type("passwordField", "wrong") && press("positiveButton")
                         && m_driver.waitFor([this] { return m_driver.find("errorText") != nullptr; })
                         && takeBoth("error");
                 })
@@ -68,7 +68,7 @@ bool Gallery::firstSteps()
                 [this] {
                     return openConnections() && press("connectionMenuButton0") && takeBoth("connection-menu")
                         && press("editConnection0") && type("passwordField", "admin") && takeBoth("saved-connection")
-                        && press("submitButton");
+                        && press("positiveButton");
                 })
         && step("logged in", [this] { return m_driver.waitForPlan(4); });
 }
@@ -108,9 +108,53 @@ bool Gallery::plan()
         && step("list of connections", [this] { return openConnections() && takeBoth("connections"); })
         && step("a connection that is there already", [this] {
                return press("addConnectionButton") && type("nameField", "Демо") && type("addressField", m_address)
-                   && type("loginField", "admin") && type("passwordField", "admin") && press("submitButton")
+                   && type("loginField", "admin") && type("passwordField", "admin") && press("positiveButton")
                    && m_driver.waitFor([this] { return m_driver.find("refusalLabel") != nullptr; })
-                   && takeBoth("connection-refused") && press("cancelButton");
+                   && takeBoth("connection-refused") && press("negativeButton");
+           });
+}
+
+bool Gallery::sidebar()
+{
+    return step("drawer of a narrow window",
+                [this] {
+                    m_driver.resize(phone.width(), phone.height());
+                    const bool taken = press("leftAction")
+                        && m_driver.waitFor([this] { return m_driver.find("connectionItem") != nullptr; })
+                        && takePhone("sidebar");
+                    return taken && escape("connectionItem");
+                })
+        && step("choice of the language",
+                [this] { return press("languageButton") && takeBoth("language") && escape("languagePicker"); })
+        && step("change of the user",
+                [this] { return press("userButton") && takeBoth("user") && escape("userLoginField"); })
+        && step("version", [this] { return press("logoButton") && takeBoth("version"); })
+        && step("list of changes",
+                [this] { return press("changelogItem") && takeBoth("changelog") && escape("changelogText"); })
+        && step("licences",
+                [this] {
+                    return press("licensesItem") && takeBoth("licence") && press("thirdPartyLicensesTab")
+                        && takeBoth("licences-of-others") && escape("licenseText") && escape("versionLabel");
+                })
+        && step("question before leaving", [this] {
+               return press("exitButton") && takeBoth("leaving") && escape("confirmationText");
+           });
+}
+
+bool Gallery::settings()
+{
+    return step("settings", [this] { return press("sidebarEntry_settings") && takeBoth("settings-interface"); })
+        && step("exit hidden",
+                [this] { return press("hideExitBox") && takeBoth("settings-exit") && press("hideExitBox"); })
+        && step("language among the settings",
+                [this] {
+                    return press("clientSettingsRow1") && takeBoth("settings-language") && press("saveButton")
+                        && m_driver.waitFor([this] { return m_driver.find("snackbarText") != nullptr; })
+                        && takeBoth("saved");
+                })
+        && step("back on the plan", [this] {
+               return press("sidebarEntry_desktop")
+                   && m_driver.waitFor([this] { return m_driver.find("partsTabBar") != nullptr; });
            });
 }
 
@@ -140,7 +184,7 @@ bool Gallery::lostServer()
                 [this] {
                     return openConnections() && press("addConnectionButton")
                         && type("nameField", "Торговый центр на Ленинском проспекте") && type("addressField", nobody)
-                        && press("submitButton") && m_driver.waitFor([this] {
+                        && press("positiveButton") && m_driver.waitFor([this] {
                                auto *screen = m_driver.find("loadingScreen");
                                return screen && screen->property("seconds").toInt() > 5;
                            })
@@ -178,6 +222,21 @@ bool Gallery::takeBoth(const QString &name)
     const bool taken = take(name);
     m_driver.resize(desktop.width(), desktop.height());
     return take(name) && taken;
+}
+
+bool Gallery::takePhone(const QString &name)
+{
+    ++m_pictures;
+    const bool taken = take(name);
+    m_driver.resize(desktop.width(), desktop.height());
+    return taken;
+}
+
+// Closes what holds that item.
+bool Gallery::escape(const QString &objectName)
+{
+    QTest::keyClick(m_driver.window(), Qt::Key_Escape);
+    return m_driver.waitFor([&] { return m_driver.find(objectName) == nullptr; });
 }
 
 // Waits for the item, and for it to stand still, and clicks it; without a name only waits for the window.

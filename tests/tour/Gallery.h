@@ -29,6 +29,8 @@ private:
 
     bool firstSteps();
     bool plan();
+    bool sidebar();
+    bool settings();
     bool emptyStates();
     bool lostServer();
 

@@ -50,13 +50,30 @@ QC2.ToolBar {
             text: root.page ? root.page.title : ""
         }
 
-        QC2.Control {
+        Item {
             id: custom
+
+            readonly property Item wanted: root.page ? root.page.customContent : null
+            property Item content: null
+
+            // Each page keeps its own content, which is only here while the page is on top.
+            function take() {
+                var taken = wanted
+                if (content && content.parent === custom)
+                    content.parent = null
+                content = taken
+                if (!taken)
+                    return
+                taken.parent = custom
+                taken.width = Qt.binding(function() { return Math.min(taken.implicitWidth, custom.width) })
+                taken.height = Qt.binding(function() { return custom.height })
+            }
 
             Layout.fillWidth: true
             Layout.fillHeight: true
-            visible: root.page && root.page.customContent && root.page.customContent.visible
-            contentItem: root.page ? root.page.customContent : null
+            visible: wanted !== null && root.page.customContentShown
+            onWantedChanged: take()
+            Component.onCompleted: take()
         }
 
         Repeater {

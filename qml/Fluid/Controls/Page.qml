@@ -9,6 +9,7 @@ QC2.Page {
     property var actions: [] // of Action: those that are on offer now
     property Action leftAction: null
     property Item customContent: null // in place of the title
+    property bool customContentShown: true
     property int appBarHeight: 56
     readonly property bool canGoBack: QC2.StackView.view !== null && QC2.StackView.index > 0
 

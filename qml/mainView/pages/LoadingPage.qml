@@ -9,6 +9,7 @@ FL.Page {
 
     objectName: "loading"
     title: connectionsDrawer.current.name === "" ? qsTr("Загрузка...") : connectionsDrawer.current.name
+    customContentShown: !leftSidebar.mobileAspect
     customContent: ConnectionDisplayButton {
         title: root.title
     }
