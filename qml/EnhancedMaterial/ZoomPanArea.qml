@@ -88,6 +88,13 @@ Item {
             acceptedButtons: Qt.NoButton
             enabled: !root.locked
             onWheel: root.zoom(Qt.point(wheel.x, wheel.y), 1 + 0.1 * Math.sign(wheel.angleDelta.y))
+        }
+
+        // Not in the area for the wheel: a handler lets its item accept every button.
+        Item {
+            anchors.fill: pinchArea
+            z: 1
+            enabled: !root.locked
 
             // Each takes one finger, and nothing away from what lies below. With both down the flickable must let go, or
             // it would pan with one of them before the pinch begins.

@@ -4,22 +4,37 @@ import QtQml.Models 2.15
 import UidFilterProxyModel 0.1
 
 // One layer of tiles: the rows of a model that belong to the parts allowed, each through the delegate. Selection is the
-// group "selected", so that it survives publications; over a new order or a reset it is carried by uid.
+// group "selected", so that it survives publications; over a new order or a reset it is carried by uid. On a canvas the
+// tiles of all layers lie in one order.
 Item {
     id: root
 
     property alias model: filtered.sourceModel
     property alias allowedUids: filtered.allowedUids
     property alias uidRole: filtered.filterRoleName
+    property alias filterEnabled: filtered.filterEnabled
     property Component delegate
+    property string partName // of one of its tiles, such as a canvas may show
+    property bool active: true // without it there are no tiles
     property var keptUids: []
     property bool isRestoring: false
     readonly property alias filteredModel: filtered
     readonly property alias count: filtered.count
-    readonly property int selectedCount: selectedGroup.count
     readonly property bool loaded: tilesLoader.status === Loader.Ready
+    readonly property alias progress: tilesLoader.progress
+    readonly property Item canvas: parent && parent.objectName === "GridCanvas" ? parent : null
 
-    signal selectionChanged()
+    signal edit(var items) // their uids
+    signal remove(var items)
+    signal selectedChanged()
+
+    function hasSelected() {
+        return selectedGroup.count > 0
+    }
+
+    function selectedCount() {
+        return selectedGroup.count
+    }
 
     function getSelected() {
         var uids = []
@@ -72,7 +87,7 @@ Item {
             id: selectedGroup
 
             name: "selected"
-            onCountChanged: root.selectionChanged()
+            onCountChanged: root.selectedChanged()
         }
     }
 
@@ -90,8 +105,12 @@ Item {
 
         anchors.fill: parent
         asynchronous: true
+        active: root.active
         sourceComponent: Item {
+            id: tilesItem
+
             Repeater {
+                parent: root.canvas ? root.canvas.tilesParent : tilesItem
                 model: tilesModel
             }
         }

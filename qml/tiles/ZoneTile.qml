@@ -13,7 +13,9 @@ Tile {
     property int powerPercent: 0
     property bool manual: false
     property int erroredDevicesCount: 0
-    property alias selected: control.selected
+    property alias selected: overlay.selected
+    property alias editable: overlay.editable
+    property alias canvas: overlay.canvas
     readonly property bool isLow: face.height < badge.height + powerLabel.height + 4 + 48
     readonly property bool isNarrow: face.width < badge.fullWidth + 16 + powerLabel.width + 16 + 8
     readonly property color textColor: {
@@ -29,6 +31,7 @@ Tile {
     signal toggled()
     signal entered()
 
+    control: overlay
     activeFocusOnTab: true
     Accessible.role: Accessible.CheckBox
     Accessible.name: name.trim() === "" ? qsTr("Зона без названия") : name
@@ -175,11 +178,13 @@ Tile {
     }
 
     TileControl {
-        id: control
+        id: overlay
 
         anchors.fill: parent
         focused: root.activeFocus
+        editable: false
         onToggled: root.toggled()
+        onChanged: root.requestGeometry(snappedObject)
     }
 
     states: [
