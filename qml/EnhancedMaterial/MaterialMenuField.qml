@@ -13,6 +13,8 @@ FieldFrame {
     property alias delegate: menu.delegate // of the list; one that takes clicks calls ListView.view.choose(index)
     property alias selectedIndex: menuRows.selectedIndex
     property alias textRole: menu.textRole
+    property alias searchRole: menu.searchRole // the text's one if not told
+    property string placeholderText // stands in the field while nothing is chosen
     property alias iconNameRole: menu.iconNameRole // of icons by "group/name"
     property alias iconSourceRole: menu.iconSourceRole // of icons by address
     property alias maxVisibleItems: menu.maxVisibleItems
@@ -121,7 +123,7 @@ FieldFrame {
     }
 
     isActive: input.activeFocus || menu.visible
-    isFilled: selectedText !== "" || selectedIcon !== ""
+    isFilled: selectedText !== "" || selectedIcon !== "" || placeholderText !== ""
     leftSpace: selectedIcon !== "" ? 36 : 0
     rightSpace: trailingRow.width
     onEnabledChanged: menu.close()
@@ -175,8 +177,8 @@ FieldFrame {
             textFormat: Text.PlainText
             font.family: "Roboto"
             font.pixelSize: 16
-            color: Material.primaryTextColor
-            text: root.selectedText
+            color: root.selectedText !== "" ? Material.primaryTextColor : Material.hintTextColor
+            text: root.selectedText !== "" ? root.selectedText : root.placeholderText
             Accessible.ignored: true
         }
     }

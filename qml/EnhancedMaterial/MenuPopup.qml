@@ -14,6 +14,7 @@ QC2.Popup {
     property MenuRows rows: null
     property Component delegate: null // a row drawn by another
     property string textRole
+    property string searchRole: textRole // what is searched in
     property string iconNameRole
     property string iconSourceRole
     property int maxVisibleItems: 4
@@ -27,7 +28,7 @@ QC2.Popup {
     function matchingPlaces() {
         var found = []
         for (var i = 0; i < rows.count; ++i) {
-            if (rows.textAt(i, textRole).toLowerCase().indexOf(searchText) >= 0)
+            if (rows.textAt(i, searchRole).toLowerCase().indexOf(searchText) >= 0)
                 found.push(i)
         }
         return found
@@ -129,7 +130,7 @@ QC2.Popup {
 
         filters: ExpressionFilter {
             enabled: root.searchText !== ""
-            expression: root.rows.textAt(model.index, root.textRole).toLowerCase().indexOf(root.searchText) >= 0
+            expression: root.rows.textAt(model.index, root.searchRole).toLowerCase().indexOf(root.searchText) >= 0
         }
     }
 

@@ -88,7 +88,7 @@ QtObject {
 
     // Of a row by its role; rows that are plain values have one for every role.
     function valueAt(index, role) {
-        return valueIn(isModel && role !== "" ? proxy.get(index, role) : get(index), role)
+        return isModel && role !== "" ? proxy.get(index, role) : valueIn(get(index), role)
     }
 
     function valueIn(row, role) {
@@ -102,9 +102,15 @@ QtObject {
         return value === null || value === undefined ? "" : String(value)
     }
 
+    // Addresses are objects to a script, one for each time they are read.
+    function isSame(one, other) {
+        return one === other || typeof one === "object" && one !== null && other !== null && other !== undefined
+               && String(one) === String(other) && String(one) !== "[object Object]"
+    }
+
     function find(role, value) {
         for (var i = 0, all = size(); i < all; ++i) {
-            if (valueAt(i, role) === value)
+            if (isSame(valueAt(i, role), value))
                 return i
         }
         return -1

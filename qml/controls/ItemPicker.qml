@@ -20,6 +20,7 @@ EM.MenuField {
     property var heldItem: null
 
     property bool isRestoring: false
+    property bool isComplete: false
 
     // Back to the row of the id; to the first where something must be chosen.
     function restore() {
@@ -43,6 +44,7 @@ EM.MenuField {
     isSearchable: count > 10
     isClearable: canSelectNothing
     onRevisionChanged: restore()
+    onCountChanged: if (isComplete) restore() // told after the rows have changed
     onInitialItemChanged: restore()
     onCanSelectNothingChanged: restore()
     onIdRoleChanged: restore()
@@ -50,7 +52,10 @@ EM.MenuField {
         update()
         initialItem = heldItem
     }
-    Component.onCompleted: restore()
+    Component.onCompleted: {
+        isComplete = true
+        restore()
+    }
 
     SortFilterProxyModel {
         id: proxy
