@@ -42,6 +42,7 @@ import Fluid.Controls 1.0 as FL
 import Fluid.Core 1.0 as FLC
 import colors 1.0
 import controls 1.0
+import deviceTiles 1.0
 import editors 1.0
 import mainView 1.0
 import roboto_fonts 1.0
