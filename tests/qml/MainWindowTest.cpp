@@ -117,7 +117,7 @@ private slots:
         QTRY_VERIFY(stage.tile(11));
         stage.key(Qt::Key_Tab);
         QCOMPARE(stage.window()->activeFocusItem(), stage.tile(11));
-        stage.link.enter(Link::Disconnected);
+        stage.link.enter(Link::Connecting);
 
         QTRY_COMPARE(stage.focusName(), QString("connectButton"));
     }
@@ -306,7 +306,7 @@ private slots:
         for (const auto *field : {"nameField", "addressField", "loginField", "passwordField"}) {
             QCOMPARE(stage.focusName(), QString(field));
             auto *item = stage.item(field);
-            auto *form = stage.item("connectionForm");
+            auto *form = stage.object("tabAddDialog")->property("flickable").value<QQuickItem *>();
             const QRectF place = item->mapRectToItem(form, QRectF(0, 0, item->width(), item->height()));
             QVERIFY2(QRectF(0, -0.5, form->width(), form->height() + 1).contains(place), field);
             stage.key(Qt::Key_Tab);

@@ -186,8 +186,8 @@ private slots:
         start(stage);
         show(stage, "settings");
         QTRY_VERIFY(stage.has("clientSettingsRow0"));
-        QCOMPARE(stage.text("clientSettingsRow0"), QString("Интерфейс"));
-        QCOMPARE(stage.text("clientSettingsRow1"), QString("Язык"));
+        QTRY_COMPARE(stage.text("clientSettingsRow0"), QString("Интерфейс"));
+        QTRY_COMPARE(stage.text("clientSettingsRow1"), QString("Язык"));
         QVERIFY(!stage.has("noSettings"));
 
         stage.link.enter(Link::Disconnected);

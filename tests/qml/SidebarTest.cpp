@@ -37,6 +37,7 @@ private:
 
     static void openDrawer(Stage &stage)
     {
+        QTRY_VERIFY(!stage.object("leftSidebar")->property("visible").toBool()); // after a change of the shape
         stage.click("leftAction");
         QTRY_VERIFY(stage.object("leftSidebar")->property("opened").toBool());
         stage.settle();
@@ -138,6 +139,7 @@ private slots:
         stage.link.enter(Link::Disconnected);
         QVERIFY(stage.item("connectionItem")->property("subText").toString().endsWith("Отключен"));
 
+        stage.settle();
         stage.click("connectionItem");
 
         QTRY_VERIFY(isOpen(stage, "connectionsDrawer"));

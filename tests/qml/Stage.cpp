@@ -105,6 +105,7 @@ void collect(QQuickItem *item, const std::function<bool(QQuickItem *)> &wanted, 
 Stage::Stage(Storage storage)
 {
     current = this;
+    qputenv("QML_XHR_ALLOW_FILE_READ", "1"); // as the program does
     registerTypes();
     if (storage == Storage::Open) {
         connections.onPermissionsGranted();

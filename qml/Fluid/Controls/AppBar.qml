@@ -21,6 +21,7 @@ QC2.ToolBar {
     readonly property var directActions: overflows ? shownActions.slice(0, room - 1) : shownActions
     readonly property var menuActions: overflows ? shownActions.slice(room - 1) : []
 
+    implicitWidth: 320 // not what its content wants: that goes by the room that there is
     implicitHeight: barHeight
     leftPadding: 0
     rightPadding: 4

@@ -26,7 +26,7 @@ QC2.ItemDelegate {
     }
 
     implicitWidth: 320
-    implicitHeight: Math.max(subText === "" ? 48 : 64, contentItem.implicitHeight + topPadding + bottomPadding)
+    implicitHeight: Math.max(subText === "" ? 48 : 64, implicitContentHeight + topPadding + bottomPadding)
     leftPadding: 16
     rightPadding: 16
     topPadding: 4
