@@ -12,6 +12,7 @@ MouseArea {
     readonly property bool isHorizontal: edge === Qt.LeftEdge || edge === Qt.RightEdge
     property real pressX: 0
     property real pressY: 0
+    property real lastX: 0 // of the pointer, in the scene
 
     function pull(dx, dy) {
         var least = control.minimumSize
@@ -36,10 +37,16 @@ MouseArea {
     onPressed: {
         pressX = mouse.x
         pressY = mouse.y
+        lastX = mapToItem(null, mouse.x, mouse.y).x
         control.hold()
     }
     // All four follow the pointer's way sideways, the upper and the lower one too.
-    onMouseXChanged: if (pressed) pull(mouse.x - pressX, mouse.y - pressY)
+    onMouseXChanged: {
+        var x = mapToItem(null, mouse.x, mouse.y).x
+        if (pressed && x !== lastX)
+            pull(mouse.x - pressX, mouse.y - pressY)
+        lastX = x
+    }
     onReleased: control.release()
     onCanceled: control.cancel()
 

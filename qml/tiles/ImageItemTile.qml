@@ -16,8 +16,8 @@ Tile {
     property alias selected: overlay.selected
     property alias canvas: overlay.canvas
     readonly property int minimumSize: 64
-    readonly property real naturalWidth: picture.status === Image.Ready ? picture.implicitWidth : 0
-    readonly property real naturalHeight: picture.status === Image.Ready ? picture.implicitHeight : 0
+    readonly property real naturalWidth: picture.implicitWidth
+    readonly property real naturalHeight: picture.implicitHeight
     readonly property real ratio: naturalHeight > 0 ? naturalWidth / naturalHeight : 0 // 0 without a picture
     property int tries: 0
     property bool isPlacing: false // both sides are given, so that none follows the other
@@ -121,7 +121,7 @@ Tile {
         source: address
         onStatusChanged: {
             if (status === Image.Ready)
-                root.onPictureReady()
+                Qt.callLater(root.onPictureReady) // its size comes after that
             else if (status === Image.Error)
                 Qt.callLater(root.retry)
         }

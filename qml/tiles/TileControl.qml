@@ -154,6 +154,7 @@ Item {
         anchors.fill: parent
         drag.target: root.isMovable ? root.tile : null
         drag.threshold: 1
+        drag.smoothed: false // the first step counts too
         drag.axis: Drag.XAndYAxis
         drag.minimumX: 0
         drag.minimumY: 0

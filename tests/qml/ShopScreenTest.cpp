@@ -236,6 +236,171 @@ private slots:
         QVERIFY(offset(screen).x() > 2000);
     }
 
+    void anEditedZoneIsDraggedOntoTheGrid()
+    {
+        Stage stage;
+        show(stage);
+        stage.publishSite(2);
+        QTRY_VERIFY(stage.tile(12));
+        stage.shop.enableEditing(true);
+        stage.link.operations.clear();
+        stage.drag({136, 136}, {236, 236}); // not selected yet
+        QCOMPARE(stage.tile(11)->x(), 64.0);
+        stage.click(stage.tile(11));
+        QVERIFY(stage.link.operations.isEmpty());
+
+        stage.drag({136, 136}, {156, 195});
+
+        QCOMPARE(stage.link.operations, QStringList({"changeZones"}));
+        const auto &sent = stage.link.zones.at(0);
+        QCOMPARE(QRectF(sent.position.x, sent.position.y, sent.width, sent.height), QRectF(80, 128, 144, 144));
+        QTRY_COMPARE(stage.tile(11)->x(), 80.0);
+    }
+
+    void aRefusedMoveGlidesBack()
+    {
+        Stage stage;
+        show(stage);
+        stage.publishSite(1);
+        QTRY_VERIFY(stage.tile(11));
+        stage.shop.enableEditing(true);
+        stage.click(stage.tile(11));
+        stage.drag({136, 136}, {236, 236});
+        QTRY_COMPARE(stage.tile(11)->x(), 160.0);
+
+        stage.link.reportErrors({{}});
+
+        QTRY_COMPARE(stage.tile(11)->x(), 64.0);
+        QTRY_COMPARE(stage.tile(11)->y(), 64.0);
+    }
+
+    void theCanvasHoldsADraggedTile()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        auto hall = zone(11, "Зал", 1);
+        hall.position = {3904, 3904};
+        hall.width = 96;
+        hall.height = 96;
+        stage.link.publishZones({hall});
+        QTRY_VERIFY(stage.tile(11));
+        stage.shop.enableEditing(true);
+        QMetaObject::invokeMethod(screen, "scrollTo", Q_ARG(QVariant, 9000), Q_ARG(QVariant, 9000));
+        stage.click(stage.tile(11));
+        const auto middle = stage.middleOf(stage.tile(11));
+
+        stage.drag(middle, middle + QPoint(186, 186));
+
+        const auto &sent = stage.link.zones.at(0);
+        QCOMPARE(QPointF(sent.position.x, sent.position.y), QPointF(4000, 4000));
+    }
+
+    void selectedTilesOfTwoLayersAreRemovedByTheirModels()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(1);
+        Model::Button button;
+        button.uid = uid(31);
+        button.partUid = uid(1);
+        button.position = {400, 64};
+        button.width = 80;
+        button.height = 80;
+        stage.link.publishButtons({button});
+        QTRY_VERIFY(stage.tile(31));
+        stage.shop.enableEditing(true);
+        stage.click(stage.tile(11));
+        QVERIFY(screen->property("editPossible").toBool());
+        stage.click(stage.tile(31));
+        QVERIFY(!screen->property("editPossible").toBool());
+        QVERIFY(screen->property("removePossible").toBool());
+        stage.link.operations.clear();
+
+        QMetaObject::invokeMethod(screen, "removeSelected");
+        QTRY_VERIFY(stage.has("positiveButton"));
+        stage.settle();
+        QVERIFY(stage.link.operations.isEmpty());
+        stage.click("positiveButton");
+
+        auto operations = stage.link.operations;
+        operations.sort();
+        QCOMPARE(operations, QStringList({"removeButtons", "removeZones"}));
+        QCOMPARE(stage.link.zones.at(0).uid, uid(11));
+        QCOMPARE(stage.link.buttons.at(0).uid, uid(31));
+    }
+
+    void aClickInEditModeDeselectsFirstAndThenAdds()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(1);
+        QTRY_VERIFY(stage.tile(11));
+        stage.shop.enableEditing(true);
+        stage.click(stage.tile(11));
+
+        stage.clickAt({700, 300});
+        QCOMPARE(selected(screen), QStringList());
+        QVERIFY(!stage.has("addZone"));
+        stage.link.operations.clear();
+        stage.clickAt({700, 300});
+        QTRY_VERIFY(stage.has("addZone"));
+        stage.settle();
+        stage.click("addZone");
+
+        QCOMPARE(stage.link.operations, QStringList({"addZones"}));
+        const auto &sent = stage.link.zones.at(0);
+        QCOMPARE(QRectF(sent.position.x, sent.position.y, sent.width, sent.height), QRectF(704, 304, 96, 96));
+        QCOMPARE(sent.partUid, uid(1));
+    }
+
+    void anEditedZoneOpensItsPage()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(1);
+        QTRY_VERIFY(stage.tile(11));
+        stage.shop.enableEditing(true);
+        stage.click(stage.tile(11));
+
+        QMetaObject::invokeMethod(screen, "editSelected");
+
+        const auto shown = stage.window()->property("nav").value<QObject *>()->property("shown").toList();
+        QCOMPARE(shown.size(), 1);
+        QCOMPARE(shown.at(0).toMap().value("link").toString(), QString("zone"));
+        QCOMPARE(shown.at(0).toMap().value("properties").toMap().value("uid").toString(), text(11));
+    }
+
+    void aPictureAloneIsNotAnEmptyPart()
+    {
+        allowMessages("mage");
+        Stage stage;
+        auto *screen = show(stage);
+        Model::ImageItem picture;
+        picture.uid = uid(41);
+        picture.partUid = uid(1);
+
+        stage.link.publishImageItems({picture});
+
+        QTRY_VERIFY(!screen->property("isEmpty").toBool());
+    }
+
+    void aNewLinkTakesNoPressUntilItsTilesAreThere()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(1);
+        QTRY_VERIFY(stage.tile(11));
+
+        stage.link.enter(FakeCommunicator::Connecting);
+        QVERIFY(!screen->property("loaded").toBool());
+        QVERIFY(!stage.has("zoomArea"));
+        QVERIFY(stage.has("busyIndicator"));
+        stage.link.enter(FakeCommunicator::Connected);
+
+        QTRY_VERIFY(stage.has("zoomArea"));
+        QTRY_VERIFY(!stage.has("busyIndicator"));
+    }
+
     void placesFromOutsideTheCanvasAreHarmless()
     {
         Stage stage;
