@@ -18,7 +18,7 @@ DeviceDelegateTile {
         y: 4
         width: parent.width
         color: root.active ? Colors.green : Colors.grey
-        textColor: "white"
+        textColor: root.active ? "white" : "#313c43"
         text: root.active ? DeviceValues.time(qsTr("Активен: %1 %2"), root.deviceState.activeTime)
                           : DeviceValues.time(qsTr("Неактивен: %1 %2"), root.inactiveTime)
     }

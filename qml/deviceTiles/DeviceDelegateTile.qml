@@ -35,12 +35,18 @@ FocusScope {
 
     implicitWidth: 272
     implicitHeight: 192
+    focus: true
     activeFocusOnTab: true
     Accessible.role: Accessible.Button
     Accessible.name: fullTitle
     Accessible.description: typeLabel.text
     Accessible.focusable: true
     Accessible.onPressAction: clicked()
+    // When the keyboard comes back, it is to the card: a press of Return must not remove what a look at it was for.
+    onActiveFocusChanged: {
+        if (!activeFocus)
+            closeButton.focus = false
+    }
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
     Keys.onSpacePressed: clicked()
@@ -113,7 +119,7 @@ FocusScope {
         y: 12
         width: FLC.Device.touchSize
         height: FLC.Device.touchSize
-        focusPolicy: Qt.StrongFocus
+        focusPolicy: Qt.TabFocus
         icon.source: FLC.Utils.iconUrl("navigation/close")
         icon.color: Material.iconColor
         Accessible.name: qsTr("Удалить %1").arg(root.fullTitle)

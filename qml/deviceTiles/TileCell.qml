@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
+import Fluid.Core 1.0 as FLC
 import colors 1.0
 
 // One numbered output or input of a device. One that the device does not use is pale.
@@ -19,7 +20,7 @@ Rectangle {
     QC2.Label {
         anchors.centerIn: parent
         font.pixelSize: 12
-        color: "white"
+        color: FLC.Color.isDarkColor(parent.color) ? "white" : "#313c43"
         text: parent.number
     }
 }

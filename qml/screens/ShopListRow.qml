@@ -15,6 +15,30 @@ FL.ListItem {
     property bool hasCircle: true
     property bool hasMenu: false
 
+    // Items of the row itself would stay where they are: these are put into their places.
+    property Item circle: Rectangle {
+        objectName: "rowCircle"
+        implicitWidth: 40
+        implicitHeight: 40
+        radius: 20
+        color: root.circleColor
+        border.color: root.Material.dividerColor
+    }
+
+    property Item menuButton: QC2.ToolButton {
+        objectName: "rowMenuButton"
+        visible: root.hasMenu
+        implicitWidth: FLC.Device.touchSize
+        implicitHeight: FLC.Device.touchSize
+        focusPolicy: Qt.StrongFocus
+        icon.source: visible ? FLC.Utils.iconUrl("navigation/more_vert") : ""
+        icon.color: root.Material.iconColor
+        Accessible.name: qsTr("Действия: %1").arg(root.text)
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+        onClicked: root.menuRequested(this)
+    }
+
     signal menuRequested(Item caller)
 
     width: ListView.view ? ListView.view.width : implicitWidth
@@ -31,33 +55,5 @@ FL.ListItem {
             event.accepted = true
             menuRequested(menuButton)
         }
-    }
-
-    Rectangle {
-        id: circle
-
-        objectName: "rowCircle"
-        visible: root.hasCircle
-        implicitWidth: 40
-        implicitHeight: 40
-        radius: 20
-        color: root.circleColor
-        border.color: root.Material.dividerColor
-    }
-
-    QC2.ToolButton {
-        id: menuButton
-
-        objectName: "rowMenuButton"
-        visible: root.hasMenu
-        implicitWidth: FLC.Device.touchSize
-        implicitHeight: FLC.Device.touchSize
-        focusPolicy: Qt.StrongFocus
-        icon.source: visible ? FLC.Utils.iconUrl("navigation/more_vert") : ""
-        icon.color: root.Material.iconColor
-        Accessible.name: qsTr("Действия: %1").arg(root.text)
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-        onClicked: root.menuRequested(menuButton)
     }
 }

@@ -62,8 +62,8 @@ FocusScope {
             id: addButton
 
             objectName: "addButton"
-            anchors.fill: parent
-            anchors.margins: 8
+            anchors.centerIn: parent
+            width: Math.min(implicitWidth, parent.width - 16)
             enabled: root.canAdd
             flat: true
             highlighted: true

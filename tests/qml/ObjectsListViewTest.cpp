@@ -87,6 +87,8 @@ private slots:
         stage.shop.enableEditing(true);
         QTRY_VERIFY(stage.has("rowMenuButton"));
         QCOMPARE(stage.text("addButton"), QString("Добавить"));
+        auto *menuButton = stage.item("rowMenuButton"); // at the right end of the first row
+        QTRY_COMPARE(stage.middleOf(menuButton), QPoint(320 - 4 - 24, 28));
         openMenu(stage, 0);
         stage.shop.enableEditing(false);
 

@@ -68,6 +68,7 @@ private slots:
         QCOMPARE(color(1), ColorTheme::brightnessToColor(0).name());
         QVERIFY(color(0) != color(1));
         QCOMPARE(stage.item("rowCircle")->width(), 40.0);
+        QCOMPARE(stage.item("rowCircle")->mapToScene({}).x(), 16.0);
         QCOMPARE(stage.item("rowCircle")->height(), 40.0);
     }
 
