@@ -13,8 +13,6 @@ ShopListView {
 
     property string partUid
 
-    signal editRequested(string uid) // asks for the form of that button
-
     addText: qsTr("Добавить")
     canAdd: !Uid.isNull(partUid)
     listName: qsTr("Кнопки")
@@ -25,7 +23,10 @@ ShopListView {
         onColor: Colors.green.toString(),
         offColor: Colors.red.toString()
     }, function() {})
-    onEditingChanged: menu.close()
+    onEditingChanged: {
+        menu.close()
+        editDialog.close()
+    }
 
     model: SortFilterProxyModel {
         sourceModel: buttonsListModel
@@ -70,7 +71,7 @@ ShopListView {
         QC2.MenuItem {
             objectName: "editButton"
             text: qsTr("Редактировать...")
-            onTriggered: root.editRequested(menu.uid)
+            onTriggered: editDialog.openFor(menu.uid)
         }
 
         QC2.MenuItem {
@@ -78,5 +79,14 @@ ShopListView {
             text: qsTr("Удалить")
             onTriggered: buttonsListModel.removeButtons([menu.uid])
         }
+    }
+
+    ShopEditDialog {
+        id: editDialog
+
+        objectName: "listedButtonDialog"
+        title: qsTr("Редактирование кнопки")
+        width: 520
+        editor: "qrc:/editors/ButtonEditScreen.qml"
     }
 }

@@ -127,23 +127,20 @@ FL.Page {
 
         objectName: "controlsDrawer"
         page: root
-        onAboutToShow: {
-            if (!controls.item)
-                controls.setSource("qrc:/screens/ShopControls.qml", { showScaleSlider: false })
-        }
+        onAboutToShow: controls.active = true
 
         Loader {
             id: controls
 
             anchors.fill: parent
-        }
-
-        Connections {
-            target: controls.item
-
-            function onShopPartClicked(uid) {
-                root.partUid = uid
-                controlsDrawer.close()
+            active: false
+            sourceComponent: ShopControls {
+                objectName: "slidersControls"
+                showScaleSlider: false
+                onShopPartClicked: {
+                    root.partUid = uid
+                    controlsDrawer.close()
+                }
             }
         }
     }
