@@ -10,6 +10,7 @@ import Fluid.Controls 1.0 as FL
 import FrontendSettings 1.0
 import colors 1.0
 import controls 1.0
+import editors 1.0
 import mainView 1.0
 import roboto_fonts 1.0
 
@@ -101,6 +102,22 @@ FL.ApplicationWindow {
             cache: true
 
             DesktopPage {}
+        }
+
+        EM.StackItem {
+            link: "zone"
+            preload: false
+            level: 2
+
+            ZonePage {}
+        }
+
+        EM.StackItem {
+            link: "sliders"
+            preload: false
+            cache: true
+
+            ControlSlidersPage {}
         }
 
         EM.StackItem {
@@ -228,6 +245,10 @@ FL.ApplicationWindow {
             font.pixelSize: 16
             text: confirmationDialog.text
         }
+    }
+
+    QuickScheduleDialog {
+        id: quickScheduleDialog
     }
 
     ErrorPopup {

@@ -44,6 +44,10 @@ private slots:
         QTest::newRow("administrator in the settings") << "admin"
                                                        << "settings"
                                                        << "settings";
+        QTest::newRow("administrator at the table") << "admin" << "sliders" << "sliders";
+        QTest::newRow("administrator in a zone") << "admin" << "zone" << "zone";
+        QTest::newRow("user at the table") << "user" << "sliders" << "sliders";
+        QTest::newRow("user in a zone") << "user" << "zone" << "desktop";
         QTest::newRow("user on the desktop") << "user"
                                              << "desktop"
                                              << "desktop";
@@ -64,11 +68,11 @@ private slots:
 
         stage.link.enter(Link::Connecting);
         QCOMPARE(link(stage), QString("loading"));
-        QCOMPARE(depth(stage), 2); // what was there stays below
+        QCOMPARE(depth(stage), page == "zone" ? 3 : 2); // what was there stays below
         stage.link.enter(Link::Connected);
 
         QCOMPARE(link(stage), expected);
-        QCOMPARE(depth(stage), 1);
+        QCOMPARE(depth(stage), expected == "zone" ? 2 : 1);
     }
 
     void twoTriesRememberTheFirstPage()

@@ -25,6 +25,14 @@ SortFilterProxyModel {
             hideWhenConnected: false
         }
         ListElement {
+            link: "sliders"
+            icon: "qrc:/icons/ondira/config.svg"
+            text: QT_TRANSLATE_NOOP("LeftSidebar", "Таблица управления")
+            adminOnly: false
+            showWhenDisconnected: false
+            hideWhenConnected: false
+        }
+        ListElement {
             link: "settings"
             icon: "qrc:/icons/ondira/wrench.svg"
             text: QT_TRANSLATE_NOOP("LeftSidebar", "Настройки")
