@@ -32,8 +32,13 @@ FocusScope {
         shopController.runActionSequence(powerSequence.toSequence())
     }
 
+    function takeZones() {
+        brightness.selectedZones = zonesUids.array
+    }
+
     implicitWidth: 640
     implicitHeight: 480
+    Component.onCompleted: takeZones()
 
     SortFilterProxyModel {
         id: zonesModel
@@ -52,6 +57,8 @@ FocusScope {
 
         model: zonesModel
         roles: ["uid"]
+        // Told for each row that changes, and long: it is taken once when all of them have.
+        onArrayChanged: Qt.callLater(root.takeZones)
     }
 
     ActionSequenceBuilder {
@@ -128,7 +135,6 @@ FocusScope {
             topPadding: 6
             bottomPadding: 6
             enabled: list.count > 0
-            selectedZones: zonesUids.array
         }
     }
 

@@ -4,6 +4,8 @@
 #include "qml/Stage.h"
 #include "support/TestBase.h"
 
+#include <QElapsedTimer>
+
 using namespace Records;
 namespace Blueprints = Model::StandardBlueprints;
 
@@ -241,6 +243,38 @@ private slots:
         QTRY_VERIFY(stage.has("noZones"));
         stage.click("autoModeButton");
         QCOMPARE(stage.link.operations.size(), 2);
+    }
+
+    void manyZonesFollowWithoutAStall()
+    {
+        Stage stage;
+        show(stage);
+        std::vector<Model::Zone> zones;
+        std::vector<Model::DeviceDescriptor> devices;
+        for (uint i = 0; i < 2000; ++i) {
+            zones.push_back(zone(5000 + i, QStringLiteral("Зона %1").arg(i), 1));
+            devices.push_back(device(10000 + i, 5000 + i, "lamp:1", static_cast<int>(i)));
+        }
+        stage.link.publishZones(zones);
+        stage.link.publishDevices(devices);
+        QTRY_VERIFY(nameOf(stage, 0).startsWith("Зона"));
+        stage.settle();
+
+        QElapsedTimer timer;
+        timer.start();
+        for (const int power : {10, 20}) {
+            std::vector<Model::DeviceState> states;
+            for (uint i = 0; i < 2000; ++i)
+                states.push_back(state(10000 + i, {{"power", power}}));
+            stage.link.publishDeviceStates(states);
+            QTRY_COMPARE(powerText(stage), QStringLiteral("%1%").arg(power));
+        }
+        const auto followed = timer.elapsed();
+        qInfo("2000 zones that all change followed in %lld ms", static_cast<long long>(followed / 2));
+
+        QVERIFY(followed < 800);
+        stage.click("powerButton80");
+        QCOMPARE(stage.link.sequences.at(0).instances.at(1).zones.size(), 2000);
     }
 
     void isDrivenByKeyboard()
