@@ -257,6 +257,30 @@ private slots:
         QTRY_COMPARE(stage.tile(11)->x(), 80.0);
     }
 
+    void keysMoveAndResizeTheSelectedTile()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(1);
+        QTRY_VERIFY(stage.tile(11));
+        stage.shop.enableEditing(true);
+        screen->forceActiveFocus();
+        stage.key(Qt::Key_Tab);
+        stage.key(Qt::Key_Right, Qt::ControlModifier);
+        QVERIFY(stage.link.zones.empty()); // not selected yet
+        stage.key(Qt::Key_Space);
+
+        stage.key(Qt::Key_Right, Qt::ControlModifier);
+        stage.key(Qt::Key_Down, Qt::ControlModifier);
+        stage.key(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+
+        const auto &sent = stage.link.zones.at(0);
+        QCOMPARE(QRectF(sent.position.x, sent.position.y, sent.width, sent.height), QRectF(80, 80, 128, 144));
+        QCOMPARE(offset(screen), QPointF(0, 0));
+        stage.key(Qt::Key_Delete);
+        QTRY_VERIFY(stage.has("positiveButton"));
+    }
+
     void aRefusedMoveGlidesBack()
     {
         Stage stage;
