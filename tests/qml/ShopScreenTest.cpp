@@ -394,6 +394,36 @@ private slots:
         QCOMPARE(shown.at(0).toMap().value("properties").toMap().value("uid").toString(), text(11));
     }
 
+    void aDialogEditsTheButtonItWasOpenedFor()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        Model::Button button;
+        button.uid = uid(31);
+        button.partUid = uid(1);
+        button.position = {400, 64};
+        button.width = 80;
+        button.height = 80;
+        auto other = button;
+        other.uid = uid(32);
+        other.position = {640, 64};
+        stage.link.publishButtons({button, other});
+        QTRY_VERIFY(stage.tile(32));
+        stage.shop.enableEditing(true);
+        stage.click(stage.tile(32));
+        QMetaObject::invokeMethod(screen, "editSelected");
+        QTRY_VERIFY(stage.has("positiveButton"));
+        QCOMPARE(stage.text("dialogTitle"), QString("Редактирование кнопки"));
+        stage.settle();
+        stage.link.operations.clear();
+
+        stage.link.publishButtons({other, button});
+        stage.click("positiveButton");
+
+        QCOMPARE(stage.link.operations, QStringList({"changeButtons"}));
+        QCOMPARE(stage.link.buttons.at(0).uid, uid(32));
+    }
+
     void aPictureAloneIsNotAnEmptyPart()
     {
         allowMessages("mage");
