@@ -84,7 +84,7 @@ void StartTest::withoutOptionsAsksForOpenGlEs()
     QCOMPARE(variable(told, "QT_AUTO_SCREEN_SCALE_FACTOR"), QStringLiteral("1"));
     QCOMPARE(variable(told, "QT_OPENGL_DLL"), QStringLiteral("unset"));
     const QStringList objects = told.values["context"]["objects"].toVariant().toStringList();
-    QCOMPARE(objects.size(), 12);
+    QCOMPARE(objects.size(), 25);
 }
 
 void StartTest::optionsSetTheOpenGlChoice_data()

@@ -34,13 +34,19 @@ QJsonObject contextProperties(FrontendManager &manager)
                       manager.getEngine().rootContext()->contextProperty(QString::fromLatin1(name)).toBool());
     }
     QJsonArray objects;
-    for (const char *name :
-         {"shopController", "settingsController", "versionController", "actionsListModel", "backendCommunicator",
-          "appSettings", "settingsControllser", "schedulesListModel", "zonesListModel", "buttonsListModel",
-          "shopPartsListModel", "imageItemsListModel", "usersListModel", "usersController", "devicesListModel",
-          "deviceTypesListModel", "serverTimeController", "indicatorsListModel", "connectionsListModel",
-          "radioDevicesListModel", "view3DItemsListModel", "powerOnStatisticsListModel", "deviceFaultsListModel",
-          "permissionsManager"}) {
+    for (const char *name : {"shopController",        "settingsController",
+                             "versionController",     "actionsListModel",
+                             "backendCommunicator",   "appSettings",
+                             "settingsControllser",   "schedulesListModel",
+                             "zonesListModel",        "buttonsListModel",
+                             "shopPartsListModel",    "imageItemsListModel",
+                             "usersListModel",        "usersController",
+                             "devicesListModel",      "deviceTypesListModel",
+                             "serverTimeController",  "indicatorsListModel",
+                             "connectionsListModel",  "radioDevicesListModel",
+                             "view3DItemsListModel",  "powerOnStatisticsListModel",
+                             "deviceFaultsListModel", "permissionsManager",
+                             "QmlFileDialogHelper"}) {
         const auto value = manager.getEngine().rootContext()->contextProperty(QString::fromLatin1(name));
         if (value.value<QObject *>())
             objects.append(QString::fromLatin1(name));
