@@ -67,7 +67,7 @@ function(ondira_library NAME)
     target_precompile_headers(ondira_${NAME} REUSE_FROM ondira_pch)
 endfunction()
 
-# ondira_test(NAME SOURCES ... LINKS ...): the test program of one folder, run by CTest as NAME.
+# ondira_test(NAME SOURCES ... LINKS ...): the test program of one folder, run by CTest as NAME, with the machine to itself.
 function(ondira_test NAME)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
     add_executable(test_${NAME} ${ARG_SOURCES})
@@ -75,5 +75,6 @@ function(ondira_test NAME)
     target_precompile_headers(test_${NAME} REUSE_FROM ondira_pch)
     set_target_properties(test_${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
     add_test(NAME ${NAME} COMMAND test_${NAME})
-    set_tests_properties(${NAME} PROPERTIES TIMEOUT 600 ENVIRONMENT "${ONDIRA_TEST_ENVIRONMENT}")
+    set_tests_properties(${NAME} PROPERTIES TIMEOUT 600 RUN_SERIAL ON
+                         ENVIRONMENT "${ONDIRA_TEST_ENVIRONMENT}")
 endfunction()

@@ -154,6 +154,10 @@
         <source>Удалить</source>
         <translation>Delete</translation>
     </message>
+    <message>
+        <source>Редактирование кнопки</source>
+        <translation>Edit button</translation>
+    </message>
 </context>
 <context>
     <name>ClientInterfaceSettings</name>
@@ -584,7 +588,7 @@
     </message>
     <message>
         <source>Адреса устройств от 1 до 65535, перечисленные через &apos; , &apos; </source>
-        <translation>Device addresses from 1 to 65535, separated by ' , '</translation>
+        <translation>Device addresses from 1 to 65535, separated by &apos; , &apos;</translation>
     </message>
     <message>
         <source>Тип устройства</source>
@@ -973,7 +977,7 @@
     </message>
     <message>
         <source>Не влияет на язык сервера</source>
-        <translation>Does not change the server's language</translation>
+        <translation>Does not change the server&apos;s language</translation>
     </message>
     <message>
         <source>Доступные раскладки экранной клавиатуры</source>
@@ -1001,6 +1005,10 @@
     <message>
         <source>Настройки</source>
         <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Таблица управления</source>
+        <translation>Control table</translation>
     </message>
 </context>
 <context>
@@ -1154,7 +1162,7 @@
     </message>
     <message>
         <source>Удалить объект &apos;%1&apos;?</source>
-        <translation>Delete site '%1'?</translation>
+        <translation>Delete site &apos;%1&apos;?</translation>
     </message>
     <message>
         <source>Отмена</source>
@@ -1854,7 +1862,7 @@
     </message>
     <message>
         <source>Нажмите, чтобы изменить название зоны</source>
-        <translation>Press to change the zone's name</translation>
+        <translation>Press to change the zone&apos;s name</translation>
     </message>
     <message>
         <source>Устройства</source>
@@ -1935,7 +1943,7 @@
     </message>
     <message>
         <source>Удалить зону &apos;%1&apos;?</source>
-        <translation>Delete zone '%1'?</translation>
+        <translation>Delete zone &apos;%1&apos;?</translation>
     </message>
     <message>
         <source>Отмена</source>
