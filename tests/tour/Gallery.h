@@ -18,6 +18,8 @@ private:
     bool step(const QString &name, const std::function<bool()> &action);
     bool take(const QString &name);
     bool takeBoth(const QString &name); // at both sizes
+    bool takePhone(const QString &name); // at the size of a phone, then back
+    bool escape(const QString &objectName); // true once that item is gone
     bool press(const QString &objectName);
     bool type(const QString &objectName, const QString &text);
     bool openConnections();
