@@ -2,6 +2,7 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
+import Backend 1.0
 import Fluid.Core 1.0 as FLC
 
 // One picture on the plan. While it may be edited it has two tools: to keep the ratio of its sides, and to lock it.
@@ -110,7 +111,9 @@ Tile {
     Image {
         id: picture
 
-        readonly property string address: root.uid === "" ? "" : "image://image_layer/" + root.uid
+        // None is asked for while no server is there to send it.
+        readonly property string address: root.uid === "" || Backend.status !== Backend.Connected
+                                          ? "" : "image://image_layer/" + root.uid
 
         objectName: "picture"
         anchors.fill: parent

@@ -32,10 +32,9 @@ QUuid uidFrom(const QString &id)
 class Request
 {
 public:
-    Request(ImageStore::Found asked, std::string id, const QSize &size,
-            std::shared_ptr<ImageLayerImageResponse::Guard> response, std::shared_ptr<ImageStore> store)
-        : m_generation(asked.generation)
-        , m_id(std::move(id))
+    Request(std::string id, const QSize &size, std::shared_ptr<ImageLayerImageResponse::Guard> response,
+            std::shared_ptr<ImageStore> store)
+        : m_id(std::move(id))
         , m_size(size)
         , m_response(std::move(response))
         , m_store(std::move(store))
@@ -43,6 +42,9 @@ public:
     Request(const Request &) = delete;
     Request &operator=(const Request &) = delete;
     ~Request() { fail(QStringLiteral("The picture has not come")); }
+
+    // It belongs to the link that sends it. The one that was there when the picture was asked for may have gone since.
+    void noteLink() { m_generation = m_store->find(m_id).generation; }
 
     void answer(const QByteArray &bytes)
     {
@@ -67,7 +69,7 @@ private:
         m_response.reset();
     }
 
-    const std::uint64_t m_generation;
+    std::uint64_t m_generation = 0;
     const std::string m_id;
     const QSize m_size;
     std::shared_ptr<ImageLayerImageResponse::Guard> m_response;
@@ -140,8 +142,9 @@ QQuickImageResponse *QuickImageLayerProvider::requestImageResponse(const QString
                           requestedSize);
         return response;
     }
-    const auto request = std::make_shared<Request>(found, key, requestedSize, response->guard(), m_store);
+    const auto request = std::make_shared<Request>(key, requestedSize, response->guard(), m_store);
     m_link->post([uid, request](AbstractBackendCommunicator &communicator) {
+        request->noteLink();
         communicator.getImage(
             uid, [request](const Model::ImageItem::Image &image) { request->answer(image.data); },
             [request] { request->fail(QStringLiteral("The server has not sent the picture")); });

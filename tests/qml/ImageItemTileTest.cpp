@@ -15,6 +15,7 @@ class ImageItemTileTest : public TestBase
 private:
     static QQuickItem *show(Stage &stage, const QByteArray &more = {})
     {
+        stage.link.enter(AbstractBackendCommunicator::Connected);
         return stage.show("ImageItemTile { objectName: 'tile'; enableAnimations: false; uid: '" + text(41).toUtf8()
                           + "'\n property var asked: []; property int toggles: 0; property var locks: []\n"
                             "onGeometryRequested: asked = [x, y, width, height]\n onToggled: ++toggles\n"
@@ -40,6 +41,23 @@ private:
     }
 
 private slots:
+    void aLostServerIsNotAsked()
+    {
+        Stage stage;
+        auto *tile = show(stage, "place: Qt.rect(20, 30, 0, 0)");
+        QVERIFY(answer(stage, {200, 100}));
+        QTRY_VERIFY(tile->property("ratio").toDouble() > 0);
+
+        stage.link.enter(AbstractBackendCommunicator::Connecting);
+        stage.settle();
+        QCOMPARE(tile->property("ratio").toDouble(), 0.0);
+        QVERIFY(!stage.link.imageCallback);
+        stage.link.enter(AbstractBackendCommunicator::Connected);
+
+        QVERIFY(answer(stage, {300, 100}));
+        QTRY_COMPARE(tile->property("ratio").toDouble(), 3.0);
+    }
+
     void withoutASizeItHasThatOfThePicture()
     {
         Stage stage;
