@@ -261,6 +261,12 @@ FL.ApplicationWindow {
         objectName: "snackbar"
     }
 
+    // From the page to the sidebar, which Tab does not reach, and back.
+    Shortcut {
+        sequence: "F6"
+        onActivated: leftSidebar.hasKeyboard ? mainWindow.pageStack.forceActiveFocus() : leftSidebar.takeKeyboard()
+    }
+
     Shortcut {
         sequence: "Back"
         onActivated: {

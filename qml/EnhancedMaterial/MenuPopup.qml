@@ -89,7 +89,7 @@ QC2.Popup {
         var top = parent.mapToItem(null, 0, 0).y
         var below = parent.Window.window.height - top - parent.boxHeight - margins
         var above = top - margins
-        var isBelow = height <= below || below >= above
+        var isBelow = wantedHeight <= below || below >= above
         room = Math.max(96, isBelow ? below : above)
         y = isBelow ? parent.boxHeight : -Math.min(wantedHeight, room)
     }
@@ -114,7 +114,7 @@ QC2.Popup {
         if (isSearchable)
             searchField.forceActiveFocus()
     }
-    onHeightChanged: {
+    onWantedHeightChanged: {
         if (visible)
             place()
     }

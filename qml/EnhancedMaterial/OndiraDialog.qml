@@ -77,7 +77,7 @@ QC2.Dialog {
 
     contentItem: Item {
         implicitWidth: loader.implicitWidth
-        implicitHeight: loader.implicitHeight
+        implicitHeight: internal.contentHeight
         Keys.onReturnPressed: event.accepted = internal.submitFromField()
         Keys.onEnterPressed: event.accepted = internal.submitFromField()
         Window.onActiveFocusItemChanged: internal.reveal(Window.activeFocusItem)
@@ -106,6 +106,7 @@ QC2.Dialog {
                 active: false
                 focus: true
                 sourceComponent: root.delegate
+                onImplicitHeightChanged: Qt.callLater(internal.takeHeight)
             }
         }
 
@@ -214,6 +215,13 @@ QC2.Dialog {
         property bool isTooWide: false // for the window, by the width that the dialog's user gave
         property bool isTooHigh: false
 
+        // Taken a moment after it changes: texts wrap anew while the dialog still looks for its size.
+        property real contentHeight: 0
+
+        function takeHeight() {
+            contentHeight = loader.implicitHeight
+        }
+
         function call(name) {
             return root.item && typeof root.item[name] === "function" ? root.item[name]() : undefined
         }
@@ -225,6 +233,7 @@ QC2.Dialog {
             loader.active = true
             flickable.contentY = 0
             call("aboutToShow")
+            takeHeight()
             if (root.aboutToShowCallback)
                 root.aboutToShowCallback(root.item)
         }

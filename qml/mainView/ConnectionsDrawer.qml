@@ -19,14 +19,16 @@ QC2.Popup {
         login: connectionsListModel.currentLogin
     })
 
+    property real callerWidth: 0
+
     signal addRequested()
     signal editRequested(int row)
 
     function openAndStretch(caller) {
         var place = caller.mapToItem(parent, 0, caller.height)
-        x = Math.max(0, Math.min(place.x, parent.width - width))
+        callerWidth = caller.width
+        x = place.x
         y = place.y
-        width = Math.max(Math.min(320, parent.width - 16), Math.min(caller.width, parent.width))
         list.currentIndex = Math.max(0, connectionsListModel.currentIndex)
         open()
         list.forceActiveFocus()
@@ -43,6 +45,8 @@ QC2.Popup {
     }
 
     parent: QC2.Overlay.overlay
+    width: parent ? Math.min(parent.width, Math.max(320, callerWidth)) : 320
+    margins: 0
     padding: 0
     modal: true
     dim: false

@@ -2,7 +2,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
-import QtQuick.Layouts 1.15
 import Backend 1.0
 import Fluid.Controls 1.0 as FL
 import colors 1.0
@@ -47,7 +46,7 @@ FocusScope {
         objectName: "loadingFlickable"
         anchors.fill: parent
         contentWidth: width
-        contentHeight: Math.max(height, placeholder.takenHeight + state.implicitHeight + 32)
+        contentHeight: Math.max(height, placeholder.takenHeight + state.height + 32)
         boundsBehavior: Flickable.StopAtBounds
         interactive: contentHeight > height
         clip: true
@@ -69,19 +68,19 @@ FocusScope {
             onClicked: root.addRequested()
         }
 
-        ColumnLayout {
+        Column {
             id: state
 
             x: (parent.width - width) / 2
-            y: placeholder.takenHeight + (parent.height - placeholder.takenHeight - height) / 2
+            y: placeholder.takenHeight + (flickable.contentHeight - placeholder.takenHeight - height) / 2
             width: Math.max(160, Math.min(parent.width - 32, 480))
             spacing: 16
 
             FL.Icon {
                 objectName: "loadingLogo"
-                Layout.alignment: Qt.AlignHCenter
-                Layout.preferredWidth: size
-                Layout.preferredHeight: size
+                anchors.horizontalCenter: parent.horizontalCenter
+                width: size
+                height: size
                 size: 72
                 color: root.disconnected ? Colors.blue : "#00a74b"
                 name: "qrc:/images/OndiraLogo.png"
@@ -102,7 +101,7 @@ FocusScope {
 
             QC2.Label {
                 objectName: "loadingHeadline"
-                Layout.fillWidth: true
+                width: parent.width
                 horizontalAlignment: Text.AlignHCenter
                 font.pixelSize: 24
                 wrapMode: Text.Wrap
@@ -111,7 +110,7 @@ FocusScope {
 
             QC2.Label {
                 objectName: "waitLabel"
-                Layout.fillWidth: true
+                width: parent.width
                 horizontalAlignment: Text.AlignHCenter
                 color: Material.secondaryTextColor
                 opacity: root.seconds > 5 ? 1 : 0
@@ -121,8 +120,8 @@ FocusScope {
 
             QC2.Button {
                 objectName: "connectButton"
-                Layout.alignment: Qt.AlignHCenter
-                Layout.minimumHeight: 48
+                anchors.horizontalCenter: parent.horizontalCenter
+                height: Math.max(48, implicitHeight)
                 leftPadding: 16
                 rightPadding: 16
                 focus: root.hasConnections

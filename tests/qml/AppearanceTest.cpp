@@ -6,6 +6,7 @@
 #include <QQmlContext>
 #include <QQmlProperty>
 #include <QTranslator>
+#include <algorithm>
 
 using Link = AbstractBackendCommunicator;
 
@@ -71,14 +72,32 @@ private:
     }
     static std::vector<QQuickItem *> interactive(const Stage &stage) { return stage.items(isInteractive); }
 
+    // The column at the left is a place of its own: F6 goes there and back.
+    static bool isInSidebar(QQuickItem *item)
+    {
+        while (item && item->objectName() != "sidebarBody")
+            item = item->parentItem();
+        return item != nullptr;
+    }
+
+    static bool isModal(const Stage &stage)
+    {
+        const auto objects = stage.window()->findChildren<QObject *>();
+        return std::any_of(objects.begin(), objects.end(), [](QObject *object) {
+            return object->inherits("QQuickPopup") && object->property("visible").toBool()
+                && object->property("modal").toBool();
+        });
+    }
+
     // A modal popup takes everything below it out of reach.
     static std::vector<QQuickItem *> reachable(const Stage &stage)
     {
-        const bool isModal = !stage.items([](QQuickItem *item) { return item->inherits("QQuickOverlay"); }).empty();
         auto all = interactive(stage);
-        if (isModal && !stage.has("brightnessControl"))
-            all.erase(std::remove_if(all.begin(), all.end(), [](QQuickItem *item) { return !isInPopup(item); }),
-                      all.end());
+        const bool modal = isModal(stage);
+        all.erase(
+            std::remove_if(all.begin(), all.end(),
+                           [modal](QQuickItem *item) { return isInSidebar(item) || (modal && !isInPopup(item)); }),
+            all.end());
         return all;
     }
 
@@ -147,8 +166,11 @@ void AppearanceTest::enter(Stage &stage, const QString &screen)
         stage.publishSite(screen == "empty part" ? 0 : 30, "Торговый зал");
         if (screen == "no parts")
             stage.link.publishShopParts({});
-        if (screen == "plan" || screen == "selection")
+        if (screen == "plan" || screen == "selection") {
             QTRY_VERIFY(stage.tile(11));
+            QTRY_VERIFY(stage.item("shopScreen")->property("loaded").toBool());
+            stage.settle();
+        }
         if (screen == "selection") {
             stage.click(stage.tile(11));
             QTRY_VERIFY(stage.has("autoModeButton"));

@@ -87,12 +87,14 @@ private slots:
         stage.connections.add("Дом", "127.0.0.1", "admin", "");
         stage.showMain();
         QVERIFY(stage.has("loadingScreen"));
-        QVERIFY(!stage.has("desktopPage"));
+        QVERIFY(!stage.has("desktop"));
 
         stage.link.logIn("admin", "admin");
         stage.publishSite(2);
         QTRY_VERIFY(stage.tile(12));
-        QVERIFY(!stage.has("loadingScreen"));
+        QTRY_VERIFY(!stage.has("loadingScreen"));
+        QTRY_VERIFY(stage.item("shopScreen")->property("loaded").toBool());
+        stage.settle();
         stage.click(stage.tile(11));
         QTRY_VERIFY(stage.has("autoModeButton"));
         stage.link.enter(Link::Connecting);

@@ -172,6 +172,28 @@ private slots:
         }
     }
 
+    void theKeyboardComesAndGoes()
+    {
+        Stage stage;
+        start(stage);
+        QVERIFY(!stage.object("leftSidebar")->property("hasKeyboard").toBool());
+
+        stage.key(Qt::Key_F6);
+        QTRY_COMPARE(stage.focusName(), QString("logoButton"));
+        QStringList names(stage.focusName());
+        while (names.last() != "exitButton" && names.size() < 20) {
+            stage.key(Qt::Key_Tab);
+            names << stage.focusName();
+        }
+        for (const char *name : {"logoButton", "sidebarEntry_desktop", "sidebarEntry_sliders", "sidebarEntry_settings",
+                                 "userButton", "languageButton", "exitButton"})
+            QVERIFY2(names.contains(name), name);
+        QVERIFY(stage.object("leftSidebar")->property("hasKeyboard").toBool());
+        stage.key(Qt::Key_F6);
+
+        QVERIFY(!stage.object("leftSidebar")->property("hasKeyboard").toBool());
+    }
+
     void leavingIsAskedFor()
     {
         Stage stage;

@@ -10,12 +10,16 @@ import Fluid.Controls 1.0 as FL
 import LanguageController 1.0
 
 // The column of icons on a wide window.
-Item {
+FocusScope {
     id: root
 
     property LeftSidebar sidebar: null
     // What is there without scrolling, so that the entries get the rest.
     readonly property bool low: height < 560
+
+    function takeKeyboard() {
+        logoButton.forceActiveFocus(Qt.TabFocusReason)
+    }
 
     Material.theme: Material.Dark
 
@@ -40,6 +44,8 @@ Item {
         spacing: 0
 
         SideButton {
+            id: logoButton
+
             objectName: "logoButton"
             implicitHeight: root.low ? 64 : 90
             icon.width: 52

@@ -14,8 +14,10 @@ QC2.Drawer {
 
     property bool mobileAspect: false
     property alias compact: root.mobileAspect
+    property bool isDrawer: false // it was opened as one, and goes as one
     property int stackDepth: 1 // of pages; a page at the depth of 3 covers the window
     readonly property SidebarEntries entries: SidebarEntries {}
+    readonly property bool hasKeyboard: body.activeFocus
 
     signal exitRequested()
     signal errorsRequested()
@@ -35,6 +37,13 @@ QC2.Drawer {
 
     function openUser() {
         userDialog.open()
+    }
+
+    function takeKeyboard() {
+        if (mobileAspect)
+            open()
+        else if (body.item)
+            body.item.takeKeyboard()
     }
 
     function go(link) {
@@ -60,12 +69,24 @@ QC2.Drawer {
     Material.elevation: interactive ? 4 : 0
     Material.background: mobileAspect ? Material.primary : "#ff313c43"
 
+    onAboutToShow: isDrawer = mobileAspect
+
+    // A change of the shape shows no drawer that comes or goes.
+    enter: Transition {
+        NumberAnimation { duration: root.mobileAspect ? 200 : 0; easing.type: Easing.OutQuad }
+    }
+    exit: Transition {
+        NumberAnimation { duration: root.isDrawer ? 200 : 0; easing.type: Easing.InQuad }
+    }
+
     Behavior on width {
         NumberAnimation { duration: 200 }
     }
 
     contentItem: FocusScope {
         Loader {
+            id: body
+
             objectName: "sidebarBody"
             anchors.fill: parent
             focus: true
