@@ -44,10 +44,18 @@ private slots:
         QTest::newRow("administrator in the settings") << "admin"
                                                        << "settings"
                                                        << "settings";
-        QTest::newRow("administrator at the table") << "admin" << "sliders" << "sliders";
-        QTest::newRow("administrator in a zone") << "admin" << "zone" << "zone";
-        QTest::newRow("user at the table") << "user" << "sliders" << "sliders";
-        QTest::newRow("user in a zone") << "user" << "zone" << "desktop";
+        QTest::newRow("administrator at the table") << "admin"
+                                                    << "sliders"
+                                                    << "sliders";
+        QTest::newRow("administrator in a zone") << "admin"
+                                                 << "zone"
+                                                 << "zone";
+        QTest::newRow("user at the table") << "user"
+                                           << "sliders"
+                                           << "sliders";
+        QTest::newRow("user in a zone") << "user"
+                                        << "zone"
+                                        << "desktop";
         QTest::newRow("user on the desktop") << "user"
                                              << "desktop"
                                              << "desktop";

@@ -5,6 +5,7 @@
 #include "shell/FrontendManager.h"
 
 #include <QtTest>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -54,6 +55,9 @@ std::vector<QQuickItem *> Driver::zoneTiles() const
 {
     std::vector<QQuickItem *> found;
     collect(m_window->contentItem(), isZoneTile, found);
+    std::sort(found.begin(), found.end(), [](QQuickItem *left, QQuickItem *right) {
+        return left->y() < right->y() || (left->y() == right->y() && left->x() < right->x());
+    });
     return found;
 }
 
@@ -77,6 +81,37 @@ void Driver::click(QQuickItem *item)
 {
     const QPointF middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
     QTest::mouseClick(m_window, Qt::LeftButton, Qt::NoModifier, middle.toPoint());
+}
+
+bool Driver::press(const QString &objectName)
+{
+    constexpr int restingLooks = 3;
+    const QRectF window(0, 0, m_window->width(), m_window->height());
+    QRectF last;
+    int looks = 0;
+    const bool rests = waitFor(
+        [&] {
+            const auto *item = find(objectName);
+            const auto place = item ? item->mapRectToScene(item->boundingRect()) : QRectF();
+            const bool isThere = item && item->isEnabled() && window.contains(place.center());
+            looks = isThere && std::exchange(last, place) == place ? looks + 1 : 0;
+            return looks >= restingLooks;
+        },
+        10000);
+    if (rests)
+        click(find(objectName));
+    return rests;
+}
+
+bool Driver::type(const QString &objectName, const QString &text)
+{
+    return waitFor([&] { return find(objectName) != nullptr; }, 10000) && find(objectName)->setProperty("text", text);
+}
+
+bool Driver::escape(const QString &objectName)
+{
+    QTest::keyClick(m_window, Qt::Key_Escape);
+    return waitFor([&] { return find(objectName) == nullptr; }, 10000);
 }
 
 QImage Driver::picture()

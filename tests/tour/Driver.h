@@ -23,11 +23,15 @@ public:
     const QStringList &warnings() const { return m_warnings; } // of the log since the driver was made
 
     QQuickItem *find(const QString &objectName) const; // the first visible item of that name, or null
-    std::vector<QQuickItem *> zoneTiles() const; // the visible zone tiles, in no particular order
+    std::vector<QQuickItem *> zoneTiles() const; // the visible zone tiles as they are read: by rows, from the left
     QQuickItem *zoneTile(const QString &uid) const;
 
     void resize(int width, int height);
     void click(QQuickItem *item); // in its middle
+    // Each waits for what bears that name, and tells whether it came.
+    bool press(const QString &objectName); // a click, once it is enabled and rests inside the window
+    bool type(const QString &objectName, const QString &text); // in place of the text of a field
+    bool escape(const QString &objectName); // by the key; true once what held that item is gone
     QImage picture();
     QImage settledPicture(); // when nothing moves any more, or something that never rests has moved for long
     bool waitFor(const std::function<bool()> &condition, int timeoutMs = 60000);

@@ -36,7 +36,8 @@ Gallery::Gallery(Driver &driver, const QString &pictureFolder, const QString &si
 bool Gallery::run()
 {
     m_driver.resize(desktop.width(), desktop.height());
-    return firstSteps() && plan() && sidebar() && settings() && emptyStates() && lostServer() && step("no warning in the log", [this] {
+    return firstSteps() && plan() && sidebar() && settings() && emptyStates() && lostServer()
+        && step("no warning in the log", [this] {
                bool isClean = true;
                for (const auto &warning : m_driver.warnings()) {
                    // The form that was refused: the same connection twice.
@@ -51,24 +52,29 @@ bool Gallery::run()
 
 bool Gallery::firstSteps()
 {
-    return step("no connection yet", [this] { return press({}) && takeBoth("no-connections"); })
+    return step("no connection yet",
+                [this] {
+                    return m_driver.waitFor([this] { return m_driver.window()->isExposed(); })
+                        && takeBoth("no-connections");
+                })
         && step("form of a new connection",
                 [this] {
-                    return press("placeholderButton") && type("nameField", "Демо") && type("addressField", m_address)
-                        && takeBoth("new-connection");
+                    return m_driver.press("placeholderButton") && m_driver.type("nameField", "Демо")
+                        && m_driver.type("addressField", m_address) && takeBoth("new-connection");
                 })
         && step("wrong password",
                 [this] {
-                    return type("loginField", "admin") && type("passwordField", "wrong") && press("positiveButton")
+                    return m_driver.type("loginField", "admin") && m_driver.type("passwordField", "wrong")
+                        && m_driver.press("positiveButton")
                         && m_driver.waitFor([this] { return m_driver.find("errorText") != nullptr; })
                         && takeBoth("error");
                 })
-        && step("after the refusal", [this] { return press("errorButton") && takeBoth("login-refused"); })
+        && step("after the refusal", [this] { return m_driver.press("errorButton") && takeBoth("login-refused"); })
         && step("form of a saved connection",
                 [this] {
-                    return openConnections() && press("connectionMenuButton0") && takeBoth("connection-menu")
-                        && press("editConnection0") && type("passwordField", "admin") && takeBoth("saved-connection")
-                        && press("positiveButton");
+                    return openConnections() && m_driver.press("connectionMenuButton0") && takeBoth("connection-menu")
+                        && m_driver.press("editConnection0") && m_driver.type("passwordField", "admin")
+                        && takeBoth("saved-connection") && m_driver.press("positiveButton");
                 })
         && step("logged in", [this] { return m_driver.waitForPlan(4); });
 }
@@ -79,7 +85,7 @@ bool Gallery::plan()
         && step("two zones chosen", [this] { return chooseTiles(2) && takeBoth("zones-chosen"); })
         && step("zones driven by hand",
                 [this] {
-                    return press("powerButton20") && m_driver.waitFor([this] {
+                    return m_driver.press("powerButton20") && m_driver.waitFor([this] {
                         const auto tiles = m_driver.zoneTiles();
                         return std::count_if(tiles.begin(), tiles.end(),
                                              [](QQuickItem *tile) {
@@ -97,20 +103,24 @@ bool Gallery::plan()
                 })
         && step("the whole plan",
                 [this] {
+                    if (!m_driver.press("editModeAction")
+                        || !m_driver.waitFor([this] { return m_driver.find("scaleDown") != nullptr; }))
+                        return false;
                     while (m_driver.find("scaleDown")->isEnabled()) {
-                        if (!press("scaleDown"))
+                        if (!m_driver.press("scaleDown"))
                             return false;
                     }
-                    return takeBoth("whole-plan") && press("scaleLabel");
+                    return takeBoth("whole-plan") && m_driver.press("scaleLabel") && m_driver.press("editModeAction");
                 })
         && step("second part", [this] { return chooseTab(1) && takeBoth("second-part"); })
         && step("third part", [this] { return chooseTab(2) && takeBoth("third-part"); })
         && step("list of connections", [this] { return openConnections() && takeBoth("connections"); })
         && step("a connection that is there already", [this] {
-               return press("addConnectionButton") && type("nameField", "Демо") && type("addressField", m_address)
-                   && type("loginField", "admin") && type("passwordField", "admin") && press("positiveButton")
+               return m_driver.press("addConnectionButton") && m_driver.type("nameField", "Демо")
+                   && m_driver.type("addressField", m_address) && m_driver.type("loginField", "admin")
+                   && m_driver.type("passwordField", "admin") && m_driver.press("positiveButton")
                    && m_driver.waitFor([this] { return m_driver.find("refusalLabel") != nullptr; })
-                   && takeBoth("connection-refused") && press("negativeButton");
+                   && takeBoth("connection-refused") && m_driver.press("negativeButton");
            });
 }
 
@@ -119,41 +129,52 @@ bool Gallery::sidebar()
     return step("drawer of a narrow window",
                 [this] {
                     m_driver.resize(phone.width(), phone.height());
-                    const bool taken = press("leftAction")
+                    const bool taken = m_driver.press("leftAction")
                         && m_driver.waitFor([this] { return m_driver.find("connectionItem") != nullptr; })
                         && takePhone("sidebar");
-                    return taken && escape("connectionItem");
+                    return taken && m_driver.escape("connectionItem");
                 })
         && step("choice of the language",
-                [this] { return press("languageButton") && takeBoth("language") && escape("languagePicker"); })
-        && step("change of the user",
-                [this] { return press("userButton") && takeBoth("user") && escape("userLoginField"); })
-        && step("version", [this] { return press("logoButton") && takeBoth("version"); })
+                [this] {
+                    return m_driver.press("languageButton") && takeBoth("language")
+                        && m_driver.escape("languagePicker");
+                })
+        && step(
+               "change of the user",
+               [this] { return m_driver.press("userButton") && takeBoth("user") && m_driver.escape("userLoginField"); })
+        && step("version", [this] { return m_driver.press("logoButton") && takeBoth("version"); })
         && step("list of changes",
-                [this] { return press("changelogItem") && takeBoth("changelog") && escape("changelogText"); })
+                [this] {
+                    return m_driver.press("changelogItem") && takeBoth("changelog") && m_driver.escape("changelogText");
+                })
         && step("licences",
                 [this] {
-                    return press("licensesItem") && takeBoth("licence") && press("thirdPartyLicensesTab")
-                        && takeBoth("licences-of-others") && escape("licenseText") && escape("versionLabel");
+                    return m_driver.press("licensesItem") && takeBoth("licence")
+                        && m_driver.press("thirdPartyLicensesTab") && takeBoth("licences-of-others")
+                        && m_driver.escape("licenseText") && m_driver.escape("versionLabel");
                 })
         && step("question before leaving", [this] {
-               return press("exitButton") && takeBoth("leaving") && escape("confirmationText");
+               return m_driver.press("exitButton") && takeBoth("leaving") && m_driver.escape("confirmationText");
            });
 }
 
 bool Gallery::settings()
 {
-    return step("settings", [this] { return press("sidebarEntry_settings") && takeBoth("settings-interface"); })
+    return step("settings",
+                [this] { return m_driver.press("sidebarEntry_settings") && takeBoth("settings-interface"); })
         && step("exit hidden",
-                [this] { return press("hideExitBox") && takeBoth("settings-exit") && press("hideExitBox"); })
+                [this] {
+                    return m_driver.press("hideExitBox") && takeBoth("settings-exit") && m_driver.press("hideExitBox");
+                })
         && step("language among the settings",
                 [this] {
-                    return press("clientSettingsRow1") && takeBoth("settings-language") && press("saveButton")
+                    return m_driver.press("clientSettingsRow1") && takeBoth("settings-language")
+                        && m_driver.press("saveButton")
                         && m_driver.waitFor([this] { return m_driver.find("snackbarText") != nullptr; })
                         && takeBoth("saved");
                 })
         && step("back on the plan", [this] {
-               return press("sidebarEntry_desktop")
+               return m_driver.press("sidebarEntry_desktop")
                    && m_driver.waitFor([this] { return m_driver.find("partsTabBar") != nullptr; });
            });
 }
@@ -182,16 +203,17 @@ bool Gallery::lostServer()
 {
     return step("a server that does not answer",
                 [this] {
-                    return openConnections() && press("addConnectionButton")
-                        && type("nameField", "Торговый центр на Ленинском проспекте") && type("addressField", nobody)
-                        && press("positiveButton") && m_driver.waitFor([this] {
+                    return openConnections() && m_driver.press("addConnectionButton")
+                        && m_driver.type("nameField", "Торговый центр на Ленинском проспекте")
+                        && m_driver.type("addressField", nobody) && m_driver.press("positiveButton")
+                        && m_driver.waitFor([this] {
                                auto *screen = m_driver.find("loadingScreen");
                                return screen && screen->property("seconds").toInt() > 5;
                            })
                         && takeBoth("connecting");
                 })
         && step("no longer waiting", [this] {
-               return press("connectButton") && isStatus(AbstractBackendCommunicator::Disconnected)
+               return m_driver.press("connectButton") && isStatus(AbstractBackendCommunicator::Disconnected)
                    && takeBoth("disconnected") && openConnections() && takeBoth("connections-two");
            });
 }
@@ -232,44 +254,15 @@ bool Gallery::takePhone(const QString &name)
     return taken;
 }
 
-// Closes what holds that item.
-bool Gallery::escape(const QString &objectName)
-{
-    QTest::keyClick(m_driver.window(), Qt::Key_Escape);
-    return m_driver.waitFor([&] { return m_driver.find(objectName) == nullptr; });
-}
-
-// Waits for the item, and for it to stand still, and clicks it; without a name only waits for the window.
-bool Gallery::press(const QString &objectName)
-{
-    if (objectName.isEmpty())
-        return m_driver.waitFor([this] { return m_driver.window()->isExposed(); });
-    if (!m_driver.waitFor([&] { return m_driver.find(objectName) != nullptr; }))
-        return false;
-    m_driver.settledPicture();
-    auto *item = m_driver.find(objectName);
-    if (!item)
-        return false;
-    m_driver.click(item);
-    return true;
-}
-
-bool Gallery::type(const QString &objectName, const QString &text)
-{
-    if (!m_driver.waitFor([&] { return m_driver.find(objectName) != nullptr; }))
-        return false;
-    return m_driver.find(objectName)->setProperty("text", text);
-}
-
 bool Gallery::openConnections()
 {
-    return press("connectionButton")
+    return m_driver.press("connectionButton")
         && m_driver.waitFor([this] { return m_driver.find("addConnectionButton") != nullptr; });
 }
 
 bool Gallery::chooseTab(int index)
 {
-    return press(QStringLiteral("partTab%1").arg(index))
+    return m_driver.press(QStringLiteral("partTab%1").arg(index))
         && m_driver.waitFor([=] { return m_driver.find("partsTabBar")->property("currentIndex").toInt() == index; });
 }
 
@@ -287,10 +280,7 @@ int Gallery::tabOf(const QString &name) const
 
 bool Gallery::chooseTiles(int count)
 {
-    auto tiles = m_driver.zoneTiles();
-    std::sort(tiles.begin(), tiles.end(), [](QQuickItem *left, QQuickItem *right) {
-        return left->y() < right->y() || (left->y() == right->y() && left->x() < right->x());
-    });
+    const auto tiles = m_driver.zoneTiles();
     for (int i = 0; i < count; ++i)
         m_driver.click(tiles.at(static_cast<size_t>(i)));
     return m_driver.waitFor([this] { return m_driver.find("autoModeButton") != nullptr; });

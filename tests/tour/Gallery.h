@@ -19,9 +19,6 @@ private:
     bool take(const QString &name);
     bool takeBoth(const QString &name); // at both sizes
     bool takePhone(const QString &name); // at the size of a phone, then back
-    bool escape(const QString &objectName); // true once that item is gone
-    bool press(const QString &objectName);
-    bool type(const QString &objectName, const QString &text);
     bool openConnections();
     bool chooseTab(int index);
     int tabOf(const QString &name) const; // -1 for a name that no tab in sight bears

@@ -44,8 +44,8 @@ bool Tour::run()
         && step("picture of the plan after", [this] { return takePicture("plan-after"); })
         && step("the list of connections opens",
                 [this] {
-                    m_driver.click(m_driver.find("connectionButton"));
-                    return m_driver.waitFor([this] { return m_driver.find("connectionsList") != nullptr; })
+                    return m_driver.press("connectionButton")
+                        && m_driver.waitFor([this] { return m_driver.find("connectionsList") != nullptr; })
                         && takePicture("connections");
                 })
         && step("no warning in the log", [this] {
@@ -74,10 +74,7 @@ bool Tour::takePicture(const QString &name)
 
 bool Tour::chooseTwoZones()
 {
-    auto tiles = m_driver.zoneTiles();
-    std::sort(tiles.begin(), tiles.end(), [](QQuickItem *left, QQuickItem *right) {
-        return left->y() < right->y() || (left->y() == right->y() && left->x() < right->x());
-    });
+    const auto tiles = m_driver.zoneTiles();
     for (auto *tile : tiles) {
         if (m_chosen.size() == 2)
             break;
@@ -94,8 +91,7 @@ bool Tour::chooseTwoZones()
 
 bool Tour::setChosenTo60()
 {
-    m_driver.click(m_driver.find("powerButton60"));
-    return m_driver.waitFor([this] {
+    return m_driver.press("powerButton60") && m_driver.waitFor([this] {
         return std::all_of(m_chosen.cbegin(), m_chosen.cend(), [this](const QString &uid) {
             auto *tile = m_driver.zoneTile(uid);
             return tile && tile->property("powerPercent").toInt() == 60 && tile->property("manual").toBool()
