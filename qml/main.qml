@@ -249,6 +249,8 @@ FL.ApplicationWindow {
 
     QuickScheduleDialog {
         id: quickScheduleDialog
+
+        objectName: "quickScheduleDialog"
     }
 
     ErrorPopup {

@@ -2,7 +2,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
-import QtQuick.Layouts 1.15
 
 // What every field has around its content: a label that floats, a line, and below it a helper or an error text and a
 // counter. The content leaves room for the label by topSpace, and knows what else there is to say of the field.
@@ -70,7 +69,7 @@ FocusScope {
         color: root.hasError || root.isActive ? root.stateColor : Material.hintTextColor
     }
 
-    RowLayout {
+    Item {
         id: footer
 
         // It keeps its room for an error, so that a form doesn't jump when one comes.
@@ -78,15 +77,15 @@ FocusScope {
 
         y: root.boxHeight
         width: parent.width
-        height: isNeeded ? Math.max(20, implicitHeight) : 0
+        height: isNeeded ? Math.max(20, footerText.y + footerText.contentHeight) : 0
         visible: isNeeded
-        spacing: 8
 
         QC2.Label {
+            id: footerText
+
             objectName: "fieldText"
-            Layout.fillWidth: true
-            Layout.topMargin: 4
-            Layout.alignment: Qt.AlignTop
+            y: 4
+            width: parent.width - (counter.visible ? counter.width + 8 : 0)
             wrapMode: Text.Wrap
             textFormat: Text.PlainText
             font.family: "Roboto"
@@ -99,8 +98,8 @@ FocusScope {
             id: counter
 
             objectName: "characterLimitLabel"
-            Layout.topMargin: 4
-            Layout.alignment: Qt.AlignTop
+            y: 4
+            anchors.right: parent.right
             visible: text !== ""
             font.family: "Roboto"
             font.pixelSize: 12

@@ -31,8 +31,8 @@ QC2.TabButton {
     implicitHeight: 48
     topPadding: 0
     bottomPadding: 0
-    leftPadding: 16
-    rightPadding: removable ? 0 : 16
+    leftPadding: isFixed ? 8 : 16
+    rightPadding: removable ? 0 : leftPadding
     spacing: 8
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.PageTab
@@ -64,7 +64,8 @@ QC2.TabButton {
             Layout.fillWidth: true
             visible: text !== ""
             elide: Text.ElideRight
-            maximumLineCount: 1
+            wrapMode: root.isFixed ? Text.Wrap : Text.NoWrap // where it cannot be as wide as it likes
+            maximumLineCount: root.isFixed ? 2 : 1
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
             textFormat: Text.PlainText

@@ -76,7 +76,7 @@ QC2.Dialog {
     }
 
     contentItem: Item {
-        implicitWidth: loader.implicitWidth
+        implicitWidth: internal.contentWidth
         implicitHeight: internal.contentHeight
         Keys.onReturnPressed: event.accepted = internal.submitFromField()
         Keys.onEnterPressed: event.accepted = internal.submitFromField()
@@ -106,7 +106,8 @@ QC2.Dialog {
                 active: false
                 focus: true
                 sourceComponent: root.delegate
-                onImplicitHeightChanged: Qt.callLater(internal.takeHeight)
+                onImplicitWidthChanged: Qt.callLater(internal.takeSize)
+                onImplicitHeightChanged: Qt.callLater(internal.takeSize)
             }
         }
 
@@ -216,9 +217,11 @@ QC2.Dialog {
         property bool isTooHigh: false
 
         // Taken a moment after it changes: texts wrap anew while the dialog still looks for its size.
+        property real contentWidth: 0
         property real contentHeight: 0
 
-        function takeHeight() {
+        function takeSize() {
+            contentWidth = loader.implicitWidth
             contentHeight = loader.implicitHeight
         }
 
@@ -233,7 +236,7 @@ QC2.Dialog {
             loader.active = true
             flickable.contentY = 0
             call("aboutToShow")
-            takeHeight()
+            takeSize()
             if (root.aboutToShowCallback)
                 root.aboutToShowCallback(root.item)
         }

@@ -30,7 +30,7 @@ DeviceDelegateTile {
         objectName: "signal"
         y: 60
         opacity: root.hasError ? 0 : 1 - Math.min(Math.max(0, root.errors) / 3, 1)
-        radioType: root.model ? root.model.radioType : 0
+        radioType: root.model && root.model.radioType || 0
         rssi: root.deviceState.rssidBm
     }
 }

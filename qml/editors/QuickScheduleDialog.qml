@@ -74,10 +74,13 @@ EM.Dialog {
             width: parent.width
             height: Math.min(count, 6) * 56
             clip: true
+            activeFocusOnTab: interactive
+            interactive: contentHeight > height
             boundsBehavior: Flickable.StopAtBounds
             model: form.rows
             delegate: FL.ListItem {
                 objectName: "chosenZone" + index
+                Accessible.role: Accessible.StaticText // there is nothing to press
                 width: ListView.view.width
                 height: 56
                 leftPadding: 0

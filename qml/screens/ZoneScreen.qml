@@ -82,7 +82,7 @@ FocusScope {
             id: cell
 
             // Within a reused cell these are of another device.
-            readonly property string uid: model.uid
+            readonly property string uid: model.uid || "" // a row that goes has none
             readonly property var row: model
 
             objectName: "deviceCell" + index

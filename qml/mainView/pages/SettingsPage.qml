@@ -35,6 +35,7 @@ FL.Page {
         id: swipe
 
         anchors.fill: parent
+        activeFocusOnTab: false // its pages are, item by item
         focus: true
         clip: true
         interactive: false

@@ -10,7 +10,7 @@ Flickable {
         selector.accept()
     }
 
-    contentHeight: selector.implicitHeight + 32 + 72 // the button over it hides nothing
+    contentHeight: selector.height + 32 + 72 // the button over it hides nothing
     boundsBehavior: Flickable.StopAtBounds
     clip: true
 

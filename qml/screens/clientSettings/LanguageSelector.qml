@@ -57,6 +57,7 @@ ColumnLayout {
         Layout.topMargin: 8
         visible: root.hasLayouts
         wrapMode: Text.Wrap
+        maximumLineCount: 3
         text: qsTr("Доступные раскладки экранной клавиатуры")
     }
 
