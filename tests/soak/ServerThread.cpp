@@ -45,6 +45,11 @@ Demo::SiteData ServerThread::data()
     return copy;
 }
 
+void ServerThread::setZonePower(const QUuid &zone, double percent)
+{
+    run([&] { m_server->site().setZonesPower({zone}, percent); });
+}
+
 void ServerThread::run(const std::function<void()> &job)
 {
     QMetaObject::invokeMethod(&m_agent, job, Qt::BlockingQueuedConnection);

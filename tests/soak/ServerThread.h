@@ -21,6 +21,7 @@ public:
     int updatePort() const { return m_settings.updatePort; }
 
     Demo::SiteData data(); // a copy of what the server holds now
+    void setZonePower(const QUuid &zone, double percent); // as if somebody else had done it
 
 private:
     void run(const std::function<void()> &job); // there, and waits

@@ -7,7 +7,26 @@
 #include <QTimer>
 #include <algorithm>
 #include <ctime>
+#include <malloc.h>
 #include <unistd.h>
+#include <vector>
+
+namespace {
+
+// Of the straight line with the least squares, for values one step apart.
+double slope(const std::vector<double> &values)
+{
+    const double middle = (static_cast<double>(values.size()) - 1) / 2;
+    double above = 0;
+    double below = 0;
+    for (size_t i = 0; i < values.size(); ++i) {
+        above += (static_cast<double>(i) - middle) * values[i];
+        below += (static_cast<double>(i) - middle) * (static_cast<double>(i) - middle);
+    }
+    return below > 0 ? above / below : 0;
+}
+
+} // namespace
 
 qint64 Measurements::residentMemory()
 {
@@ -41,4 +60,26 @@ double Measurements::longestStall(int durationMs)
     tick.start(1);
     loop.exec();
     return longest / 1e6;
+}
+
+Measurements::Growth Measurements::growth(int warmUpSeconds, int seconds)
+{
+    constexpr int secondsOfAnHour = 3600;
+    std::vector<double> resident;
+    std::vector<double> heap;
+    QEventLoop loop;
+    QTimer tick;
+    int passed = 0;
+    QObject::connect(&tick, &QTimer::timeout, &loop, [&] {
+        if (++passed > warmUpSeconds) {
+            const auto known = mallinfo2();
+            resident.push_back(static_cast<double>(residentMemory()));
+            heap.push_back(static_cast<double>(known.uordblks + known.hblkhd));
+        }
+        if (passed >= seconds)
+            loop.quit();
+    });
+    tick.start(1000);
+    loop.exec();
+    return {slope(resident) * secondsOfAnHour, slope(heap) * secondsOfAnHour};
 }

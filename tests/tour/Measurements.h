@@ -14,4 +14,14 @@ double processorTime();
 // The longest time for which the main loop took no event, in milliseconds, while it ran for that long.
 double longestStall(int durationMs);
 
+// Bytes in an hour.
+struct Growth
+{
+    double resident = 0;
+    double heap = 0; // of what is allocated and not released
+};
+
+// Of the straight line through one look a second, after a time that does not count, while the main loop runs.
+Growth growth(int warmUpSeconds, int seconds);
+
 } // namespace Measurements

@@ -6,7 +6,12 @@
 //   --first-frame NS      prints how long after that moment (nanoseconds since the epoch) the first frame was on
 //                         screen, and the resident memory then
 //   --idle SECONDS        prints how much of a core the program takes on the plan when nobody touches it
-//   --stall SECONDS       prints the longest stall of the main loop on a live site, and the resident memory at the end
+//   --stall SECONDS       prints the longest stall of the main loop on a live site while the plan is panned, and the
+//                         resident memory at the end
+//   --growth SECONDS      prints by how much the memory grows in an hour with the plan open on a live site
+//   --shell               prints what pages, dialogs and a new language take
+//   --plan TILES          prints what a plan of that many tiles takes, against a site of its own
+//   --zone DEVICES        prints what the page of a zone with that many devices takes, against a site of its own
 // What is left of the arguments goes to the program.
 #include "link/JsonBackendCommunicator.h"
 #include "shell/ConnectionsListModel.h"
@@ -15,7 +20,9 @@
 #include "tour/Driver.h"
 #include "tour/Gallery.h"
 #include "tour/Measurements.h"
+#include "tour/ScreenMeasurements.h"
 #include "tour/Tour.h"
+#include "tour/WiredSite.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -23,8 +30,13 @@
 #include <QTextStream>
 #include <QtTest>
 #include <chrono>
+#include <memory>
 
 namespace {
+
+constexpr int controlPort = 23140; // where the program looks for its server
+constexpr int updatePort = 23141;
+constexpr int frameMs = 16;
 
 int prepare()
 {
@@ -61,8 +73,25 @@ int measureStall(Driver &driver, int seconds)
     driver.resize(1280, 800);
     if (!driver.waitForPlan(4))
         return 1;
+    ScreenMeasurements screens(driver);
+    QTimer finger;
+    QObject::connect(&finger, &QTimer::timeout, &finger, [&screens] { screens.pan(); });
+    finger.start(frameMs);
     const double stall = Measurements::longestStall(seconds * 1000);
     QTextStream(stdout) << "longest_stall_ms " << stall << "\nresident_mb "
+                        << Measurements::residentMemory() / 1048576.0 << '\n';
+    return 0;
+}
+
+// Straight through what was measured each second, so that a collection of garbage at the wrong moment says little.
+int measureGrowth(Driver &driver, int seconds)
+{
+    driver.resize(1280, 800);
+    if (!driver.waitForPlan(4))
+        return 1;
+    const auto perHour = Measurements::growth(qMin(60, seconds / 2), seconds);
+    QTextStream(stdout) << "resident_growth_mb_per_hour " << perHour.resident / 1048576.0
+                        << "\nheap_growth_mb_per_hour " << perHour.heap / 1048576.0 << "\nresident_mb "
                         << Measurements::residentMemory() / 1048576.0 << '\n';
     return 0;
 }
@@ -97,9 +126,24 @@ int main(int argc, char **argv)
     parser.addOption({QStringLiteral("first-frame"), QString(), QStringLiteral("ns")});
     parser.addOption({QStringLiteral("idle"), QString(), QStringLiteral("seconds")});
     parser.addOption({QStringLiteral("stall"), QString(), QStringLiteral("seconds")});
+    parser.addOption({QStringLiteral("growth"), QString(), QStringLiteral("seconds")});
+    parser.addOption({QStringLiteral("shell"), QString()});
+    parser.addOption({QStringLiteral("plan"), QString(), QStringLiteral("tiles")});
+    parser.addOption({QStringLiteral("zone"), QString(), QStringLiteral("devices")});
     parser.parse(QCoreApplication::arguments());
     if (parser.isSet(QStringLiteral("prepare")))
         return prepare();
+
+    const int tiles = parser.value(QStringLiteral("plan")).toInt();
+    const int devices = parser.value(QStringLiteral("zone")).toInt();
+    std::unique_ptr<WiredSite> site;
+    if (tiles > 0 || devices > 0) {
+        site = std::make_unique<WiredSite>(tiles > 0 ? WiredSite::withTiles(tiles) : WiredSite::withDevices(devices));
+        if (!site->start(controlPort, updatePort)) {
+            QTextStream(stderr) << "The site did not start: is a server running on its ports?\n";
+            return 1;
+        }
+    }
 
     FrontendManager manager(directory, QCoreApplication::arguments());
     Driver driver(manager);
@@ -109,6 +153,14 @@ int main(int argc, char **argv)
     }
     if (parser.isSet(QStringLiteral("first-frame")))
         return measureFirstFrame(driver, parser.value(QStringLiteral("first-frame")).toLongLong());
+    if (tiles > 0)
+        return ScreenMeasurements(driver).plan(*site) ? 0 : 1;
+    if (devices > 0)
+        return ScreenMeasurements(driver).zone(*site) ? 0 : 1;
+    if (parser.isSet(QStringLiteral("shell")))
+        return ScreenMeasurements(driver).shell() ? 0 : 1;
+    if (parser.isSet(QStringLiteral("growth")))
+        return measureGrowth(driver, parser.value(QStringLiteral("growth")).toInt());
     if (parser.isSet(QStringLiteral("stall")))
         return measureStall(driver, parser.value(QStringLiteral("stall")).toInt());
     if (parser.isSet(QStringLiteral("idle")))
