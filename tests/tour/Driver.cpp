@@ -4,6 +4,9 @@
 #include "link/AbstractBackendCommunicator.h"
 #include "shell/FrontendManager.h"
 
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QQmlExpression>
 #include <QtTest>
 #include <algorithm>
 #include <utility>
@@ -21,20 +24,34 @@ void collect(QQuickItem *item, const std::function<bool(QQuickItem *)> &wanted, 
         collect(child, wanted, found);
 }
 
-bool isZoneTile(QQuickItem *item)
+// What is declared in a file lives in a context of that file; of the root of a file its type tells.
+bool isOf(const QObject *object, const QString &file)
 {
-    return QString::fromLatin1(item->metaObject()->className()).startsWith(QLatin1String("ZoneTile"));
+    const auto *context = qmlContext(object);
+    if (context && context->baseUrl().path().endsWith(QLatin1Char('/') + file + QLatin1String(".qml")))
+        return true;
+    for (const auto *type = object->metaObject(); type; type = type->superClass()) {
+        if (QString::fromLatin1(type->className()).startsWith(file + QLatin1String("_QML")))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
 
-Driver::Driver(FrontendManager &manager)
+Driver::Driver(FrontendManager &manager, QQuickWindow *window)
     : m_manager(manager)
+    , m_window(window)
 {
     QObject::connect(&manager, &FrontendManager::logMessage, &manager, [this](int type, const QString &message) {
         if (type == QtWarningMsg || type == QtCriticalMsg)
             m_warnings << message;
     });
+}
+
+Driver::Driver(FrontendManager &manager)
+    : Driver(manager, nullptr)
+{
     const auto objects = manager.getEngine().rootObjects();
     for (auto *object : objects) {
         if (auto *window = qobject_cast<QQuickWindow *>(object))
@@ -44,21 +61,43 @@ Driver::Driver(FrontendManager &manager)
 
 QQuickItem *Driver::find(const QString &objectName) const
 {
+    auto *content = m_window->contentItem();
+    return find(objectName, content->parentItem() ? content->parentItem() : content);
+}
+
+QQuickItem *Driver::find(const QString &objectName, QQuickItem *within) const
+{
     std::vector<QQuickItem *> found;
-    collect(
-        m_window->contentItem()->parentItem() ? m_window->contentItem()->parentItem() : m_window->contentItem(),
-        [&](QQuickItem *item) { return item->objectName() == objectName; }, found);
+    if (within)
+        collect(
+            within, [&](QQuickItem *item) { return item->objectName() == objectName; }, found);
     return found.empty() ? nullptr : found.front();
 }
 
-std::vector<QQuickItem *> Driver::zoneTiles() const
+std::vector<QQuickItem *> Driver::items(const std::function<bool(QQuickItem *)> &wanted) const
 {
     std::vector<QQuickItem *> found;
-    collect(m_window->contentItem(), isZoneTile, found);
+    auto *content = m_window->contentItem();
+    collect(content->parentItem() ? content->parentItem() : content, wanted, found);
+    return found;
+}
+
+std::vector<QQuickItem *> Driver::tiles(const QString &type) const
+{
+    std::vector<QQuickItem *> found;
+    collect(
+        m_window->contentItem(),
+        [&](QQuickItem *item) { return QString::fromLatin1(item->metaObject()->className()).startsWith(type + '_'); },
+        found);
     std::sort(found.begin(), found.end(), [](QQuickItem *left, QQuickItem *right) {
         return left->y() < right->y() || (left->y() == right->y() && left->x() < right->x());
     });
     return found;
+}
+
+std::vector<QQuickItem *> Driver::zoneTiles() const
+{
+    return tiles(QStringLiteral("ZoneTile"));
 }
 
 QQuickItem *Driver::zoneTile(const QString &uid) const
@@ -68,6 +107,21 @@ QQuickItem *Driver::zoneTile(const QString &uid) const
             return tile;
     }
     return nullptr;
+}
+
+bool Driver::shows(const QString &file) const
+{
+    std::vector<QQuickItem *> found;
+    // The item of a popup belongs to the popup.
+    collect(
+        m_window->contentItem(),
+        [&](QQuickItem *item) { return isOf(item, file) || (item->parent() && isOf(item->parent(), file)); }, found);
+    return !found.empty();
+}
+
+QVariant Driver::evaluate(const QString &expression) const
+{
+    return QQmlExpression(qmlContext(m_window), m_window, expression).evaluate();
 }
 
 void Driver::resize(int width, int height)
@@ -85,21 +139,26 @@ void Driver::click(QQuickItem *item)
 
 bool Driver::press(const QString &objectName)
 {
+    return press([this, objectName] { return find(objectName); });
+}
+
+bool Driver::press(const std::function<QQuickItem *()> &look)
+{
     constexpr int restingLooks = 3;
     const QRectF window(0, 0, m_window->width(), m_window->height());
     QRectF last;
     int looks = 0;
     const bool rests = waitFor(
         [&] {
-            const auto *item = find(objectName);
+            const auto *item = look();
             const auto place = item ? item->mapRectToScene(item->boundingRect()) : QRectF();
-            const bool isThere = item && item->isEnabled() && window.contains(place.center());
+            const bool isThere = item && item->isEnabled() && window.contains(place.center()) && !isPopupMoving();
             looks = isThere && std::exchange(last, place) == place ? looks + 1 : 0;
             return looks >= restingLooks;
         },
         10000);
     if (rests)
-        click(find(objectName));
+        click(look());
     return rests;
 }
 
@@ -112,6 +171,20 @@ bool Driver::escape(const QString &objectName)
 {
     QTest::keyClick(m_window, Qt::Key_Escape);
     return waitFor([&] { return find(objectName) == nullptr; }, 10000);
+}
+
+// A modal popup takes clicks until it is gone.
+bool Driver::isPopupMoving() const
+{
+    std::vector<QQuickItem *> moving;
+    collect(
+        m_window->contentItem(),
+        [](QQuickItem *item) {
+            const auto *popup = item->parent();
+            return popup && popup->inherits("QQuickPopup") && !popup->property("opened").toBool();
+        },
+        moving);
+    return !moving.empty();
 }
 
 QImage Driver::picture()

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tour/Gallery.h"
 
-#include "data/ShopPartsListModel.h"
 #include "link/AbstractBackendCommunicator.h"
-#include "model/Site.h"
 #include "shell/FrontendManager.h"
 
+#include <QAbstractItemModel>
 #include <QDir>
 #include <QQmlContext>
 #include <QTextStream>
@@ -16,9 +15,6 @@ namespace {
 
 constexpr QSize desktop{1280, 800};
 constexpr QSize phone{420, 800};
-
-// A loopback address at which nobody listens.
-const char *const nobody = "127.0.200.1";
 
 void tell(const QString &line)
 {
@@ -36,228 +32,99 @@ Gallery::Gallery(Driver &driver, const QString &pictureFolder, const QString &si
 bool Gallery::run()
 {
     m_driver.resize(desktop.width(), desktop.height());
-    return firstSteps() && plan() && sidebar() && settings() && emptyStates() && lostServer()
-        && step("no warning in the log", [this] {
-               bool isClean = true;
-               for (const auto &warning : m_driver.warnings()) {
-                   // The form that was refused: the same connection twice.
-                   if (warning.contains(QLatin1String("UNIQUE constraint failed")))
-                       continue;
-                   tell("  " + warning);
-                   isClean = false;
-               }
-               return isClean;
-           });
+    return firstSteps() && plans() && shell() && objects() && emptyStates() && lostServer() && covers() && sheets()
+        && step("no warning in the log", [this] { return isLogClean(); });
 }
 
-bool Gallery::firstSteps()
+bool Gallery::isLogClean() const
 {
-    return step("no connection yet",
-                [this] {
-                    return m_driver.waitFor([this] { return m_driver.window()->isExposed(); })
-                        && takeBoth("no-connections");
-                })
-        && step("form of a new connection",
-                [this] {
-                    return m_driver.press("placeholderButton") && m_driver.type("nameField", "Демо")
-                        && m_driver.type("addressField", m_address) && takeBoth("new-connection");
-                })
-        && step("wrong password",
-                [this] {
-                    return m_driver.type("loginField", "admin") && m_driver.type("passwordField", "wrong")
-                        && m_driver.press("positiveButton")
-                        && m_driver.waitFor([this] { return m_driver.find("errorText") != nullptr; })
-                        && takeBoth("error");
-                })
-        && step("after the refusal", [this] { return m_driver.press("errorButton") && takeBoth("login-refused"); })
-        && step("form of a saved connection",
-                [this] {
-                    return openConnections() && m_driver.press("connectionMenuButton0") && takeBoth("connection-menu")
-                        && m_driver.press("editConnection0") && m_driver.type("passwordField", "admin")
-                        && takeBoth("saved-connection") && m_driver.press("positiveButton");
-                })
-        && step("logged in", [this] { return m_driver.waitForPlan(4); });
-}
-
-bool Gallery::plan()
-{
-    return step("plan", [this] { return takeBoth("plan"); })
-        && step("two zones chosen", [this] { return chooseTiles(2) && takeBoth("zones-chosen"); })
-        && step("zones driven by hand",
-                [this] {
-                    return m_driver.press("powerButton20") && m_driver.waitFor([this] {
-                        const auto tiles = m_driver.zoneTiles();
-                        return std::count_if(tiles.begin(), tiles.end(),
-                                             [](QQuickItem *tile) {
-                                                 return tile->property("manual").toBool()
-                                                     && tile->property("powerPercent").toInt() == 20;
-                                             })
-                            >= 2;
-                    }) && takeBoth("zones-by-hand");
-                })
-        && step("keyboard on a tile",
-                [this] {
-                    QTest::keyClick(m_driver.window(), Qt::Key_Tab);
-                    return m_driver.waitFor([this] { return m_driver.find("focusFrame") != nullptr; })
-                        && takeBoth("keyboard");
-                })
-        && step("the whole plan",
-                [this] {
-                    if (!m_driver.press("editModeAction")
-                        || !m_driver.waitFor([this] { return m_driver.find("scaleDown") != nullptr; }))
-                        return false;
-                    while (m_driver.find("scaleDown")->isEnabled()) {
-                        if (!m_driver.press("scaleDown"))
-                            return false;
-                    }
-                    return takeBoth("whole-plan") && m_driver.press("scaleLabel") && m_driver.press("editModeAction");
-                })
-        && step("second part", [this] { return chooseTab(1) && takeBoth("second-part"); })
-        && step("third part", [this] { return chooseTab(2) && takeBoth("third-part"); })
-        && step("list of connections", [this] { return openConnections() && takeBoth("connections"); })
-        && step("a connection that is there already", [this] {
-               return m_driver.press("addConnectionButton") && m_driver.type("nameField", "Демо")
-                   && m_driver.type("addressField", m_address) && m_driver.type("loginField", "admin")
-                   && m_driver.type("passwordField", "admin") && m_driver.press("positiveButton")
-                   && m_driver.waitFor([this] { return m_driver.find("refusalLabel") != nullptr; })
-                   && takeBoth("connection-refused") && m_driver.press("negativeButton");
-           });
-}
-
-bool Gallery::sidebar()
-{
-    return step("drawer of a narrow window",
-                [this] {
-                    m_driver.resize(phone.width(), phone.height());
-                    const bool taken = m_driver.press("leftAction")
-                        && m_driver.waitFor([this] { return m_driver.find("connectionItem") != nullptr; })
-                        && takePhone("sidebar");
-                    return taken && m_driver.escape("connectionItem");
-                })
-        && step("choice of the language",
-                [this] {
-                    return m_driver.press("languageButton") && takeBoth("language")
-                        && m_driver.escape("languagePicker");
-                })
-        && step(
-               "change of the user",
-               [this] { return m_driver.press("userButton") && takeBoth("user") && m_driver.escape("userLoginField"); })
-        && step("version", [this] { return m_driver.press("logoButton") && takeBoth("version"); })
-        && step("list of changes",
-                [this] {
-                    return m_driver.press("changelogItem") && takeBoth("changelog") && m_driver.escape("changelogText");
-                })
-        && step("licences",
-                [this] {
-                    return m_driver.press("licensesItem") && takeBoth("licence")
-                        && m_driver.press("thirdPartyLicensesTab") && takeBoth("licences-of-others")
-                        && m_driver.escape("licenseText") && m_driver.escape("versionLabel");
-                })
-        && step("question before leaving", [this] {
-               return m_driver.press("exitButton") && takeBoth("leaving") && m_driver.escape("confirmationText");
-           });
-}
-
-bool Gallery::settings()
-{
-    return step("settings",
-                [this] { return m_driver.press("sidebarEntry_settings") && takeBoth("settings-interface"); })
-        && step("exit hidden",
-                [this] {
-                    return m_driver.press("hideExitBox") && takeBoth("settings-exit") && m_driver.press("hideExitBox");
-                })
-        && step("language among the settings",
-                [this] {
-                    return m_driver.press("clientSettingsRow1") && takeBoth("settings-language")
-                        && m_driver.press("saveButton")
-                        && m_driver.waitFor([this] { return m_driver.find("snackbarText") != nullptr; })
-                        && takeBoth("saved");
-                })
-        && step("back on the plan", [this] {
-               return m_driver.press("sidebarEntry_desktop")
-                   && m_driver.waitFor([this] { return m_driver.find("partsTabBar") != nullptr; });
-           });
-}
-
-bool Gallery::emptyStates()
-{
-    auto *parts = qobject_cast<ShopPartsListModel *>(model("shopPartsListModel"));
-    return step("a part without zones",
-                [=] {
-                    parts->addShopPart();
-                    return m_driver.waitFor([this] { return m_driver.find("partTab3") != nullptr; })
-                        && chooseTab(tabOf(Model::ShopPart().name))
-                        && m_driver.waitFor([this] { return m_driver.find("emptyPart") != nullptr; })
-                        && takeBoth("empty-part");
-                })
-        && step("no part at all", [=] {
-               QStringList uids;
-               for (int row = 0; row < parts->rowCount(); ++row)
-                   uids << parts->index(row, 0).data(ShopPartsListModel::Uid).toString();
-               parts->removeShopParts(uids);
-               return m_driver.waitFor([this] { return m_driver.find("noParts") != nullptr; }) && takeBoth("no-parts");
-           });
-}
-
-bool Gallery::lostServer()
-{
-    return step("a server that does not answer",
-                [this] {
-                    return openConnections() && m_driver.press("addConnectionButton")
-                        && m_driver.type("nameField", "Торговый центр на Ленинском проспекте")
-                        && m_driver.type("addressField", nobody) && m_driver.press("positiveButton")
-                        && m_driver.waitFor([this] {
-                               auto *screen = m_driver.find("loadingScreen");
-                               return screen && screen->property("seconds").toInt() > 5;
-                           })
-                        && takeBoth("connecting");
-                })
-        && step("no longer waiting", [this] {
-               return m_driver.press("connectButton") && isStatus(AbstractBackendCommunicator::Disconnected)
-                   && takeBoth("disconnected") && openConnections() && takeBoth("connections-two");
-           });
+    bool isClean = true;
+    for (const auto &warning : m_driver.warnings()) {
+        // The form that was refused: the same connection twice.
+        if (warning.contains(QLatin1String("UNIQUE constraint failed")))
+            continue;
+        tell("  " + warning);
+        isClean = false;
+    }
+    return isClean;
 }
 
 bool Gallery::step(const QString &name, const std::function<bool()> &action)
 {
     const bool worked = action();
     tell(QStringLiteral("%1 %2").arg(worked ? "ok    " : "FAILED", name));
-    if (!worked)
+    if (!worked) {
         take("failed");
+        isLogClean();
+    }
     return worked;
 }
 
 bool Gallery::take(const QString &name)
 {
     const QString file = QStringLiteral("%1-%2-%3x%4.png")
-                             .arg(m_pictures, 2, 10, QLatin1Char('0'))
+                             .arg(m_pictures, 3, 10, QLatin1Char('0'))
                              .arg(name)
                              .arg(m_driver.window()->width())
                              .arg(m_driver.window()->height());
     return m_driver.settledPicture().save(QDir(m_folder).filePath(file));
 }
 
-bool Gallery::takeBoth(const QString &name)
+bool Gallery::takeBoth(const QString &name, const QString &file)
 {
     ++m_pictures;
+    const bool shown = m_driver.waitFor([&] { return m_driver.shows(file); }, 5000);
     m_driver.resize(phone.width(), phone.height());
-    const bool taken = take(name);
+    const bool taken = take(name) && m_driver.shows(file);
     m_driver.resize(desktop.width(), desktop.height());
-    return take(name) && taken;
+    return take(name) && taken && shown && m_driver.shows(file);
 }
 
-bool Gallery::takePhone(const QString &name)
+bool Gallery::takeDesktop(const QString &name, const QString &file)
 {
     ++m_pictures;
-    const bool taken = take(name);
+    return m_driver.waitFor([&] { return m_driver.shows(file); }, 5000) && take(name);
+}
+
+bool Gallery::takePhone(const QString &name, const QString &file)
+{
+    ++m_pictures;
+    const bool taken = m_driver.waitFor([&] { return m_driver.shows(file); }, 5000) && take(name);
     m_driver.resize(desktop.width(), desktop.height());
     return taken;
 }
 
+bool Gallery::takeEnd(const QString &name, const QString &objectName)
+{
+    ++m_pictures;
+    bool taken = true;
+    for (const auto &size : {phone, desktop}) {
+        m_driver.resize(size.width(), size.height());
+        m_driver.settledPicture();
+        auto *item = m_driver.find(objectName);
+        while (item && !item->inherits("QQuickFlickable"))
+            item = item->parentItem();
+        taken = taken && item;
+        if (item)
+            item->setProperty("contentY", std::max(0.0, item->property("contentHeight").toDouble() - item->height()));
+        taken = take(name) && taken;
+    }
+    return taken;
+}
+
+bool Gallery::appears(const QString &objectName)
+{
+    return m_driver.waitFor([&] { return m_driver.find(objectName) != nullptr; }, 10000);
+}
+
 bool Gallery::openConnections()
 {
-    return m_driver.press("connectionButton")
-        && m_driver.waitFor([this] { return m_driver.find("addConnectionButton") != nullptr; });
+    return m_driver.press("connectionButton") && appears("addConnectionButton");
+}
+
+bool Gallery::choosePart(const QString &name)
+{
+    return m_driver.waitFor([&] { return tabOf(name) >= 0; }, 10000) && chooseTab(tabOf(name));
 }
 
 bool Gallery::chooseTab(int index)
@@ -269,7 +136,8 @@ bool Gallery::chooseTab(int index)
 // Where a part stands depends on the language that named it.
 int Gallery::tabOf(const QString &name) const
 {
-    const int count = m_driver.find("partsTabBar")->property("count").toInt();
+    const auto *bar = m_driver.find("partsTabBar");
+    const int count = bar ? bar->property("count").toInt() : 0;
     for (int i = 0; i < count; ++i) {
         const auto *tab = m_driver.find(QStringLiteral("partTab%1").arg(i));
         if (tab && tab->property("text").toString() == name)
@@ -283,7 +151,65 @@ bool Gallery::chooseTiles(int count)
     const auto tiles = m_driver.zoneTiles();
     for (int i = 0; i < count; ++i)
         m_driver.click(tiles.at(static_cast<size_t>(i)));
-    return m_driver.waitFor([this] { return m_driver.find("autoModeButton") != nullptr; });
+    return appears("autoModeButton");
+}
+
+bool Gallery::chooseTile(const QString &type)
+{
+    const auto *plan = m_driver.find("shopScreen");
+    if (!plan)
+        return false;
+    const auto room = plan->mapRectToScene(plan->boundingRect());
+    for (auto *tile : m_driver.tiles(type)) {
+        if (tile->property("locked").toBool() || !room.contains(tile->mapRectToScene(tile->boundingRect()).center()))
+            continue;
+        m_driver.click(tile);
+        return m_driver.waitFor([tile] { return tile->property("selected").toBool(); }, 5000);
+    }
+    return false;
+}
+
+bool Gallery::chooseRow(const QString &menu, int row)
+{
+    return m_driver.press(menu) && m_driver.press(QStringLiteral("menuRow%1").arg(row))
+        && m_driver.waitFor([this] { return m_driver.find("menuList") == nullptr; }, 5000);
+}
+
+bool Gallery::showWholePlan()
+{
+    if (!appears("scaleDown"))
+        return false;
+    while (m_driver.find("scaleDown")->isEnabled()) {
+        if (!m_driver.press("scaleDown"))
+            return false;
+    }
+    return true;
+}
+
+bool Gallery::openZone(const QString &name)
+{
+    const auto uid = uidOf("zonesListModel", name);
+    m_driver.evaluate(QStringLiteral("nav.show('zone', { uid: '%1' })").arg(uid));
+    return !uid.isEmpty() && appears("zoneScreen")
+        && m_driver.waitFor([&] { return m_driver.find("zoneScreen")->property("name").toString() == name; }, 10000);
+}
+
+QStringList Gallery::uidsOf(const char *name, const QString &role, const QVariant &value) const
+{
+    const auto *rows = qobject_cast<QAbstractItemModel *>(model(name));
+    const auto roles = rows->roleNames();
+    QStringList uids;
+    for (int row = 0; row < rows->rowCount(); ++row) {
+        const auto index = rows->index(row, 0);
+        if (index.data(roles.key(role.toUtf8())) == value)
+            uids << index.data(roles.key("uid")).toString();
+    }
+    return uids;
+}
+
+QString Gallery::uidOf(const char *model, const QString &name) const
+{
+    return uidsOf(model, "name", name).value(0);
 }
 
 bool Gallery::isStatus(int status)
