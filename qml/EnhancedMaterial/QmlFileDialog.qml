@@ -154,6 +154,8 @@ Dialog {
 
                     objectName: "sortMenu"
                     y: sortButton.height
+                    width: 280
+                    margins: 8
 
                     component SortItem: QC2.MenuItem {
                         property int field
