@@ -91,6 +91,7 @@ QC2.Menu {
         }
 
         objectName: "imageFileDialog"
+        parent: root.parent // its own would be in no window once the menu is closed
         folder: Platform.StandardPaths.writableLocation(ondiraRPi ? Platform.StandardPaths.HomeLocation
                                                                   : Platform.StandardPaths.DownloadLocation)
         nameFilters: ["*.jpg", "*.png", "*.bmp", "*.jpeg", "*.svg"]
