@@ -80,16 +80,17 @@ QC2.Popup {
 
                     readonly property bool editable: root.canEdit && !model.temporary
                     readonly property int modelRow: index
+                    readonly property string name: model.name || "" // a row that goes has none
 
                     objectName: "connectionRow" + index
                     width: ListView.view.width
                     height: 56
                     rightPadding: 4
                     focusPolicy: Qt.StrongFocus
-                    highlighted: model.active
-                    text: model.name
+                    highlighted: model.active === true
+                    text: name
                     Accessible.role: Accessible.ListItem
-                    Accessible.name: model.name
+                    Accessible.name: name
                     Accessible.description: details.text
                     Keys.onReturnPressed: clicked()
                     Keys.onEnterPressed: clicked()
@@ -118,7 +119,7 @@ QC2.Popup {
                                 elide: Text.ElideRight
                                 maximumLineCount: 1
                                 textFormat: Text.PlainText
-                                text: model.name
+                                text: row.name
                             }
 
                             QC2.Label {
@@ -130,7 +131,7 @@ QC2.Popup {
                                 textFormat: Text.PlainText
                                 font.pixelSize: 12
                                 color: Material.secondaryTextColor
-                                text: model.login === "" ? model.address : model.address + ", " + model.login
+                                text: (model.address || "") + (model.login ? ", " + model.login : "")
                             }
                         }
 
