@@ -106,13 +106,15 @@ bool ScreenMeasurements::openDialog()
 bool ScreenMeasurements::switchLanguage()
 {
     QQmlComponent component(&m_driver.manager().getEngine());
-    component.setData(
-        "import QtQml 2.15\n"
-        "import LanguageController 1.0\n"
-        "QtObject {\n"
-        "    function choose(locale) { LanguageController.set(locale, LanguageController.activeLayouts) }\n"
-        "}\n",
-        {});
+    component.setData("import QtQml 2.15\n"
+                      "import LanguageController 1.0\n"
+                      "QtObject {\n"
+                      "    function change() {\n"
+                      "        LanguageController.set(LanguageController.locale === 'en_GB' ? 'ru_RU' : 'en_GB',\n"
+                      "                               LanguageController.activeLayouts)\n"
+                      "    }\n"
+                      "}\n",
+                      {});
     const std::unique_ptr<QObject> language(component.create());
     const auto text = [this] {
         const auto *entry = m_driver.find("sidebarEntry_settings");
@@ -122,18 +124,20 @@ bool ScreenMeasurements::switchLanguage()
         return false;
     std::vector<double> times;
     std::vector<double> plans;
-    for (int i = 0; i < rounds - 1; ++i) {
-        const QVariant locale = QString::fromLatin1(i % 2 == 0 ? "en_GB" : "ru_RU");
+    for (int i = 0; i < rounds - 1; ++i) { // there and back
         const QString before = text();
         const qint64 start = Frames::now();
-        const qint64 shown =
-            m_frames.shown([&] { QMetaObject::invokeMethod(language.get(), "choose", Q_ARG(QVariant, locale)); },
-                           [&] { return !text().isEmpty() && text() != before; });
+        const qint64 shown = m_frames.shown([&] { QMetaObject::invokeMethod(language.get(), "change"); },
+                                            [&] { return !text().isEmpty() && text() != before; });
         if (shown == 0)
             return false;
         times.push_back(milliseconds(start, shown));
         // The link begins anew, since the server's texts are in that language too.
-        const auto isBack = [this] { return isPage("desktop") && m_driver.zoneTiles().size() > 4; };
+        const auto isBack = [this] {
+            return m_driver.manager().getCommunicator().getStatus() == AbstractBackendCommunicator::Connected
+                && m_stack->property("currentItem").value<QQuickItem *>()->objectName() == QLatin1String("desktop")
+                && m_driver.zoneTiles().size() > 4;
+        };
         const qint64 back = m_frames.shown([] {}, isBack);
         if (back == 0)
             return false;

@@ -23,6 +23,7 @@ public:
 
     // The plan under a finger that never rests, as one step.
     void pan();
+    void settle(); // until nothing is painted any more
 
 private:
     bool switchPages();
@@ -33,7 +34,6 @@ private:
     bool moveThePlan();
     void sendMouse(QEvent::Type type, const QPointF &place);
     void turnWheel(int direction);
-    void settle(); // until nothing is painted any more
     bool isPage(const char *link) const; // on top, and at rest
     void show(const char *link, const QVariantMap &properties = {});
 

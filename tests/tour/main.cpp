@@ -74,6 +74,7 @@ int measureStall(Driver &driver, int seconds)
     if (!driver.waitForPlan(4))
         return 1;
     ScreenMeasurements screens(driver);
+    screens.settle(); // how long the plan takes to open is another figure
     QTimer finger;
     QObject::connect(&finger, &QTimer::timeout, &finger, [&screens] { screens.pan(); });
     finger.start(frameMs);
