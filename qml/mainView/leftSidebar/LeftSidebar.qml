@@ -2,6 +2,7 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
+import QtQuick.Controls.Material.impl 2.15
 import EnhancedMaterial 1.0 as EM
 import Fluid.Core 1.0 as FLC
 import mainView 1.0
@@ -70,6 +71,25 @@ QC2.Drawer {
     Material.background: mobileAspect ? Material.primary : "#ff313c43"
 
     onAboutToShow: isDrawer = mobileAspect
+
+    // Only what lies above a page casts a shadow, which is painted at a price.
+    background: Rectangle {
+        objectName: "sidebarBackground"
+        color: root.Material.dialogColor
+        layer.enabled: root.mobileAspect && root.position > 0
+        layer.effect: ElevationEffect {
+            elevation: root.Material.elevation
+            fullHeight: true
+        }
+
+        Rectangle {
+            x: parent.width - 1
+            width: 1
+            height: parent.height
+            visible: !root.mobileAspect
+            color: root.Material.dividerColor
+        }
+    }
 
     // A change of the shape shows no drawer that comes or goes.
     enter: Transition {

@@ -389,6 +389,7 @@ FL.Page {
         dim: false
         visible: root.visible && shop.selectedZones.length > 0 && !root.isEditing
         closePolicy: QC2.Popup.NoAutoClose
+        background: null // its content covers it
 
         BrightnessControl {
             id: brightness
