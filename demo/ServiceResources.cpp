@@ -21,7 +21,7 @@ using JsonAPI::Entity;
 using JsonAPI::Request;
 using JsonAPI::Response;
 
-constexpr QLatin1String settingsId("1"); // there is one record
+const QLatin1String settingsId("1"); // there is one record
 
 // What the entity leaves out stays as it was. Older clients know the first radio only, under a name of its own.
 Model::Settings settingsFrom(const Model::Settings &known, const Entity &entity)

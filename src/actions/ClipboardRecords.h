@@ -8,9 +8,9 @@
 // Records on the clipboard: indented JSON with the key "meta_info", by whose marker they are known.
 namespace ClipboardRecords {
 
-constexpr QLatin1String blueprint("OndiraSmart blueprint data");
-constexpr QLatin1String schedule("OndiraSmart schedule data");
-constexpr QLatin1String schedulePoint("OndiraSmart schedule point data");
+const QLatin1String blueprint("OndiraSmart blueprint data");
+const QLatin1String schedule("OndiraSmart schedule data");
+const QLatin1String schedulePoint("OndiraSmart schedule point data");
 
 void put(QVariantMap record, QLatin1String marker);
 
