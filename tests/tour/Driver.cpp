@@ -129,6 +129,9 @@ void Driver::resize(int width, int height)
     m_window->setVisibility(QWindow::Windowed);
     m_window->resize(width, height);
     waitFor([this, width, height] { return m_window->width() == width && m_window->height() == height; });
+    // A frame of that size has taken the other shape; what goes with the old one is gone before anything else happens.
+    picture();
+    waitFor([this] { return !isPopupMoving(); });
 }
 
 void Driver::click(QQuickItem *item)

@@ -156,6 +156,7 @@ bool Gallery::chooseTiles(int count)
 
 bool Gallery::chooseTile(const QString &type)
 {
+    m_driver.settledPicture(); // what covered the plan is gone
     const auto *plan = m_driver.find("shopScreen");
     if (!plan)
         return false;
