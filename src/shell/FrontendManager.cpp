@@ -73,6 +73,8 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
     // The engine takes it over.
     m_engine.addImageProvider(QStringLiteral("image_layer"), new QuickImageLayerProvider(*m_communicator));
     currentInstance = this;
+    // What its members do while they go may ask for it still.
+    connect(this, &QObject::destroyed, [] { currentInstance = nullptr; });
     SharedModels::instance() = {m_communicator.get(),     &m_usersListModel,     &m_deviceTypesListModel,
                                 &m_devicesListModel,      &m_shopPartsListModel, &m_zonesListModel,
                                 &m_deviceFaultsListModel, &m_buttonsListModel,   &m_indicatorsListModel};
