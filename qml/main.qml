@@ -53,8 +53,9 @@ FL.ApplicationWindow {
         if (startFullscreen) {
             width = Screen.width
             height = Screen.height
-            visibility = Window.FullScreen
         }
+        // No longer bound: a change of the language evaluates what is, and the window would leave its user's size.
+        visibility = startFullscreen ? Window.FullScreen : Window.Maximized
         if (connectionsListModel.loaded)
             connectionsListModel.activate(0)
     }
