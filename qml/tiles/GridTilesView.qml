@@ -112,6 +112,7 @@ Item {
             Repeater {
                 parent: root.canvas ? root.canvas.tilesParent : tilesItem
                 model: tilesModel
+                Component.onDestruction: model = null // its tiles would stay on the canvas without it
             }
         }
     }

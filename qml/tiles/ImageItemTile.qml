@@ -124,10 +124,25 @@ Tile {
         source: address
         onStatusChanged: {
             if (status === Image.Ready)
-                Qt.callLater(root.onPictureReady) // its size comes after that
+                readyTimer.start() // its size comes after that
             else if (status === Image.Error)
-                Qt.callLater(root.retry)
+                retryTimer.start()
         }
+    }
+
+    // They go with the tile, as a later call would not.
+    Timer {
+        id: readyTimer
+
+        interval: 0
+        onTriggered: root.onPictureReady()
+    }
+
+    Timer {
+        id: retryTimer
+
+        interval: 0
+        onTriggered: root.retry()
     }
 
     TileControl {
