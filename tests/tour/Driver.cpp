@@ -43,10 +43,11 @@ Driver::Driver(FrontendManager &manager, QQuickWindow *window)
     : m_manager(manager)
     , m_window(window)
 {
-    QObject::connect(&manager, &FrontendManager::logMessage, &manager, [this](int type, const QString &message) {
-        if (type == QtWarningMsg || type == QtCriticalMsg)
-            m_warnings << message;
-    });
+    m_log =
+        QObject::connect(&manager, &FrontendManager::logMessage, &manager, [this](int type, const QString &message) {
+            if (type == QtWarningMsg || type == QtCriticalMsg)
+                m_warnings << message;
+        });
 }
 
 Driver::Driver(FrontendManager &manager)
@@ -57,6 +58,11 @@ Driver::Driver(FrontendManager &manager)
         if (auto *window = qobject_cast<QQuickWindow *>(object))
             m_window = window;
     }
+}
+
+Driver::~Driver()
+{
+    QObject::disconnect(m_log);
 }
 
 QQuickItem *Driver::find(const QString &objectName) const

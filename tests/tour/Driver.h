@@ -20,6 +20,8 @@ public:
     explicit Driver(FrontendManager &manager);
     Driver(FrontendManager &manager, QQuickWindow *window); // of another window than the main one
 
+    ~Driver();
+
     QQuickWindow *window() const { return m_window; }
     FrontendManager &manager() const { return m_manager; }
     const QStringList &warnings() const { return m_warnings; } // of the log since the driver was made
@@ -53,5 +55,6 @@ private:
 
     FrontendManager &m_manager;
     QQuickWindow *m_window = nullptr;
+    QMetaObject::Connection m_log;
     QStringList m_warnings;
 };

@@ -32,7 +32,7 @@ Gallery::Gallery(Driver &driver, const QString &pictureFolder, const QString &si
 bool Gallery::run()
 {
     m_driver.resize(desktop.width(), desktop.height());
-    return firstSteps() && plans() && shell() && objects() && emptyStates() && lostServer() && covers() && sheets()
+    return firstSteps() && plans() && shell() && objects() && sheets() && emptyStates() && lostServer() && covers()
         && step("no warning in the log", [this] { return isLogClean(); });
 }
 

@@ -45,8 +45,10 @@ QImage withFocusedCells(Driver &driver)
     collectCells(driver.window()->contentItem(), cells);
     for (auto *cell : cells) {
         auto *control = firstFocusable(cell);
-        if (!control)
+        if (!control) {
+            QTextStream(stdout) << "Nothing takes the keyboard in the cell at " << cell->mapToScene({}).y() << '\n';
             return {};
+        }
         control->forceActiveFocus(Qt::TabFocusReason);
         const auto place = cell->mapRectToScene(cell->boundingRect()).toAlignedRect();
         const auto taken = driver.settledPicture();

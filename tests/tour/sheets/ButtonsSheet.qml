@@ -126,7 +126,7 @@ Sheet {
 
     SheetRow {
         name: "ConnectionDisplayButton"
-        control: ConnectionDisplayButton { compact: false; title: root.label }
+        control: ConnectionDisplayButton { title: root.label }
         states: ({ longText: { title: root.longLabel } })
     }
 
