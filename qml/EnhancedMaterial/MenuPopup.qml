@@ -174,6 +174,7 @@ QC2.Popup {
             boundsBehavior: Flickable.StopAtBounds
             highlightMoveDuration: 0
             keyNavigationEnabled: false
+            cacheBuffer: 0 // a row made ahead is still on its way when a search empties the list, and the log says so
             // Rows are made while they are looked at.
             model: !root.rows ? null : root.rows.isModel ? matches
                    : root.places !== null ? root.places.map(place => root.rows.items[place]) : root.rows.items
