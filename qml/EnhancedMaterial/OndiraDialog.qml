@@ -38,12 +38,14 @@ QC2.Dialog {
     }
 
     parent: QC2.Overlay.overlay
-    anchors.centerIn: parent
+    // In the middle, on whole pixels: an edge between two of them is a torn line.
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2) : 0
     // Lines longer than that are no pleasure to read; what needs more room says so by its width.
     implicitWidth: Math.min(maximumWidth, 560, Math.max(280, implicitContentWidth + leftPadding + rightPadding,
                                                         titleMetrics.width + 50, implicitFooterWidth))
-    implicitHeight: Math.min(maximumHeight, implicitContentHeight + topPadding + bottomPadding + implicitHeaderHeight
-                                            + implicitFooterHeight)
+    implicitHeight: Math.min(maximumHeight, Math.ceil(implicitContentHeight + topPadding + bottomPadding
+                                                      + implicitHeaderHeight + implicitFooterHeight))
     width: implicitWidth // so that nothing but what follows makes it smaller
     height: implicitHeight
     modal: true

@@ -103,6 +103,9 @@ Column {
         width: parent.width
         topPadding: 8
         visible: text !== ""
+        wrapMode: Text.Wrap
+        maximumLineCount: 2
+        elide: Text.ElideRight
         color: Material.secondaryTextColor
         text: root.caption
     }

@@ -29,7 +29,8 @@ QC2.Menu {
 
     objectName: "addMenu"
     parent: QC2.Overlay.overlay
-    anchors.centerIn: parent
+    x: parent ? Math.round((parent.width - width) / 2) : 0
+    y: parent ? Math.round((parent.height - height) / 2) : 0
     width: Math.min(320, parent ? parent.width - FLC.Device.gridUnit : 320)
     modal: true
     title: qsTr("Добавить")

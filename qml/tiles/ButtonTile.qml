@@ -54,7 +54,13 @@ Tile {
         bottomInset: topInset
         leftInset: Math.min(6, root.width / 8)
         rightInset: leftInset
-        padding: 4
+        // What a circle leaves to its text. The button has the tile's size, whatever its text would like.
+        implicitWidth: 48
+        implicitHeight: 48
+        leftPadding: leftInset + Math.min(root.width - 2 * leftInset, root.height - 2 * topInset) * 0.1
+        rightPadding: leftPadding
+        topPadding: topInset + 2
+        bottomPadding: topPadding
         radius: Math.min(width - 2 * leftInset, height - 2 * topInset) / 2
         focusPolicy: Qt.NoFocus
         Material.background: faceColor

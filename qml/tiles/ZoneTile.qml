@@ -168,6 +168,7 @@ Tile {
             y: face.height - height - 6
             width: nameLabel.width
             visible: root.manual
+            opacity: contentWidth <= width ? 1 : 0 // where even the smallest letters don't fit, the frame tells it
             horizontalAlignment: Text.AlignHCenter
             color: root.textColor
             font.pixelSize: 12

@@ -352,6 +352,23 @@ private slots:
         QVERIFY((place(stage).center() - QPointF(450, 350)).manhattanLength() <= 1);
     }
 
+    // An edge between two pixels is a torn line.
+    void standsOnWholePixels()
+    {
+        Stage stage;
+        auto *dialog = show(stage, "Item { implicitWidth: 301.3; implicitHeight: 100.7 }\n");
+        open(dialog);
+
+        for (const auto size : {QSize(1280, 800), QSize(901, 701), QSize(420, 801)}) {
+            stage.resize(size);
+            QTRY_COMPARE(qRound(place(stage).center().x()), qRound(size.width() / 2.0));
+            const auto top = place(stage);
+            QCOMPARE(top.y(), qRound(top.y()) * 1.0);
+            QCOMPARE(top.x(), qRound(top.x()) * 1.0);
+            QCOMPARE(top.height(), qRound(top.height()) * 1.0);
+        }
+    }
+
     void staysWithinTheWindow_data()
     {
         QTest::addColumn<QByteArray>("size");

@@ -12,9 +12,10 @@ QC2.Dialog {
 
     objectName: "errorPopup"
     parent: QC2.Overlay.overlay
-    anchors.centerIn: parent
+    x: Math.round((parent.width - width) / 2)
+    y: Math.round((parent.height - height) / 2)
     width: Math.max(Math.min(440, parent.width - 16), Math.min(480, parent.width - 48))
-    height: Math.min(implicitHeight, parent.height - 16)
+    height: Math.min(Math.ceil(implicitHeight), parent.height - 16)
     modal: true
     dim: false
     focus: true

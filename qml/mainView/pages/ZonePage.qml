@@ -93,6 +93,7 @@ FL.Page {
             highlightMoveVelocity: -1
             currentIndex: -1
             model: zonesModel
+            onWidthChanged: Qt.callLater(root.follow)
             Accessible.role: Accessible.PageTabList
             Accessible.name: qsTr("Зоны")
             delegate: QC2.TabButton {
