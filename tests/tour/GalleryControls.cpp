@@ -50,7 +50,9 @@ QImage withFocusedCells(Driver &driver)
             return {};
         }
         control->forceActiveFocus(Qt::TabFocusReason);
-        const auto place = cell->mapRectToScene(cell->boundingRect()).toAlignedRect();
+        const auto place = cell->mapRectToScene(cell->boundingRect()).toAlignedRect() & whole.rect();
+        if (place.isEmpty())
+            continue;
         const auto taken = driver.settledPicture();
         QPainter(&whole).drawImage(place.topLeft(), taken, place);
     }
@@ -90,12 +92,20 @@ bool Gallery::sheet(const QString &name)
     for (const int width : {1280, 420}) {
         driver.resize(width, 800);
         driver.settledPicture();
-        driver.resize(width, qBound(100, qCeil(window->property("wantedHeight").toReal()), 8000));
+        const int height = std::max(800, qCeil(window->property("wantedHeight").toReal()));
+        QImage whole(width, height, QImage::Format_RGB32);
+        for (int top = 0; top < height; top += 800) {
+            window->setProperty("offset", top);
+            const auto part = withFocusedCells(driver);
+            if (part.isNull())
+                return false;
+            QPainter(&whole).drawImage(0, top, part);
+        }
         const QString file = QStringLiteral("%1-sheet-%2-%3x800.png")
                                  .arg(m_pictures, 3, 10, QLatin1Char('0'))
                                  .arg(name.toLower())
                                  .arg(width);
-        if (!withFocusedCells(driver).save(QDir(m_folder).filePath(file)))
+        if (!whole.save(QDir(m_folder).filePath(file)))
             return false;
     }
     return true;

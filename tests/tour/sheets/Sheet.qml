@@ -6,11 +6,12 @@ import Fluid.Controls 1.0 as FL
 import LanguageController 1.0
 import colors 1.0
 
-// A window of the program's style with rows of controls. It is as high as they are.
+// A window of the program's style with rows of controls, which may be higher than it.
 FL.ApplicationWindow {
     id: root
 
     default property alias rows: column.data
+    property real offset: 0 // of what is in sight
     readonly property real wantedHeight: column.implicitHeight + 32
     readonly property bool isNarrow: width < 960
     readonly property bool isRussian: LanguageController.languageAbbriviation.toLowerCase().startsWith("ру")
@@ -35,7 +36,7 @@ FL.ApplicationWindow {
         id: column
 
         x: 16
-        y: 16
+        y: 16 - root.offset
         width: root.contentItem.width - 32
         spacing: 16
     }
