@@ -133,6 +133,6 @@ Sheet {
     SheetRow {
         name: "Placeholder"
         isFocusable: false
-        control: FL.Placeholder { height: 160; icon.name: "maps/map"; title: root.label; text: root.longLabel }
+        control: FL.Placeholder { height: 160; icon: "maps/map"; text: root.label; subText: root.longLabel }
     }
 }
