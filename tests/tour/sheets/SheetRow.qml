@@ -50,7 +50,7 @@ Column {
 
                     x: 4
                     y: 4
-                    width: root.isStretched ? parent.width - 8 : Math.min(parent.width - 8, implicitWidth)
+                    width: root.isStretched ? parent.width - 8 : item ? Math.min(parent.width - 8, item.implicitWidth) : 0
                     sourceComponent: root.control
                     onLoaded: {
                         var properties = root.all[modelData]
