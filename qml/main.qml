@@ -38,7 +38,8 @@ FL.ApplicationWindow {
     minimumWidth: 320
     minimumHeight: 320
     visible: true
-    visibility: startFullscreen ? Window.FullScreen : Window.Maximized
+    // Not bound to anything: a change of the language evaluates what is, and the window would leave its user's size.
+    visibility: Window.Maximized
     title: "Ondira Smart " + versionController.version()
     color: "white"
     Material.theme: Material.Light
@@ -53,9 +54,8 @@ FL.ApplicationWindow {
         if (startFullscreen) {
             width = Screen.width
             height = Screen.height
+            visibility = Window.FullScreen
         }
-        // No longer bound: a change of the language evaluates what is, and the window would leave its user's size.
-        visibility = startFullscreen ? Window.FullScreen : Window.Maximized
         if (connectionsListModel.loaded)
             connectionsListModel.activate(0)
     }

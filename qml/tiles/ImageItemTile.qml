@@ -122,6 +122,7 @@ Tile {
         cache: false
         asynchronous: true
         source: address
+        Component.onDestruction: source = "" // nobody waits for it any more
         onStatusChanged: {
             if (status === Image.Ready)
                 readyTimer.start() // its size comes after that
