@@ -21,6 +21,8 @@ ColumnLayout {
     }
 
     function nameOf(locale) {
+        if (locale === "hi_IN")
+            return "Hindi" // the fonts of the program have no letters of its own
         var name = Qt.locale(locale).nativeLanguageName
         return name.charAt(0).toUpperCase() + name.slice(1)
     }
