@@ -150,17 +150,24 @@ QStringList itemsUnknownToScreenReaders(const Stage &stage)
     return faults;
 }
 
+QStringList faultsOfNow(const Stage &stage)
+{
+    return cutTexts(stage) + itemsOutsideTheWindow(stage) + itemsTooSmallForAFinger(stage)
+        + itemsUnknownToScreenReaders(stage);
+}
+
 QStringList faultsAtAllSizes(Stage &stage, const QList<QSize> &sizes, const QString &language)
 {
+    constexpr int patienceMs = 3000; // of what still moves on a busy machine
     QStringList faults;
     for (const auto &size : sizes) {
         stage.resize(size);
-        for (const auto &check :
-             {cutTexts, itemsOutsideTheWindow, itemsTooSmallForAFinger, itemsUnknownToScreenReaders}) {
-            for (const auto &fault : check(stage))
-                faults << QStringLiteral("%1 %2x%3: %4")
-                              .arg(language, QString::number(size.width()), QString::number(size.height()), fault);
-        }
+        if (QTest::qWaitFor([&] { return faultsOfNow(stage).isEmpty(); }, patienceMs))
+            continue;
+        const auto found = faultsOfNow(stage);
+        for (const auto &fault : found)
+            faults << QStringLiteral("%1 %2x%3: %4")
+                          .arg(language, QString::number(size.width()), QString::number(size.height()), fault);
     }
     return faults;
 }

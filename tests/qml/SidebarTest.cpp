@@ -4,6 +4,7 @@
 #include "support/TestBase.h"
 
 #include <QQmlExpression>
+#include <QQmlProperty>
 
 using Link = AbstractBackendCommunicator;
 
@@ -192,6 +193,37 @@ private slots:
         stage.key(Qt::Key_F6);
 
         QVERIFY(!stage.object("leftSidebar")->property("hasKeyboard").toBool());
+    }
+
+    // A shadow costs: a column beside the page casts none.
+    void castsAShadowOnlyAsADrawer()
+    {
+        Stage stage;
+        start(stage);
+        auto *background = stage.object("leftSidebar")->property("background").value<QQuickItem *>();
+        const QQmlProperty shadow(background, "layer.enabled");
+        QCOMPARE(shadow.read(), QVariant(false));
+
+        stage.resize({420, 800});
+        openDrawer(stage);
+
+        QCOMPARE(shadow.read(), QVariant(true));
+    }
+
+    void theDrawerStaysOpenWhenTheTextsChange()
+    {
+        Stage stage;
+        start(stage, "admin", {420, 800});
+        openDrawer(stage);
+
+        qmlEngine(stage.window())->retranslate();
+        stage.settle();
+
+        QVERIFY(stage.object("leftSidebar")->property("opened").toBool());
+        stage.key(Qt::Key_Escape);
+        QTRY_VERIFY(!stage.object("leftSidebar")->property("visible").toBool());
+        stage.resize({1280, 800});
+        QTRY_VERIFY(stage.object("leftSidebar")->property("opened").toBool());
     }
 
     void leavingIsAskedFor()

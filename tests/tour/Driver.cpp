@@ -241,6 +241,6 @@ bool Driver::waitForPlan(int tiles)
 {
     return waitFor([this, tiles] {
         return m_manager.getCommunicator().getStatus() == AbstractBackendCommunicator::Connected
-            && static_cast<int>(zoneTiles().size()) >= tiles;
+            && static_cast<int>(zoneTiles().size()) >= tiles && !find(QStringLiteral("splash"));
     });
 }

@@ -17,6 +17,8 @@ QC2.Drawer {
     property alias compact: root.mobileAspect
     property bool isDrawer: false // it was opened as one, and goes as one
     property int stackDepth: 1 // of pages; a page at the depth of 3 covers the window
+    // Beside the page. It is not bound to: a change of the language would close the drawer that it is chosen in.
+    readonly property bool isColumn: !mobileAspect && stackDepth < 3
     readonly property SidebarEntries entries: SidebarEntries {}
     readonly property bool hasKeyboard: body.activeFocus
 
@@ -47,6 +49,10 @@ QC2.Drawer {
             body.item.takeKeyboard()
     }
 
+    function follow() {
+        visible = isColumn
+    }
+
     function go(link) {
         nav.show(link)
         if (mobileAspect)
@@ -66,11 +72,12 @@ QC2.Drawer {
     dim: mobileAspect
     focus: mobileAspect
     closePolicy: mobileAspect ? QC2.Popup.CloseOnEscape | QC2.Popup.CloseOnPressOutside : QC2.Popup.NoAutoClose
-    visible: !mobileAspect && stackDepth < 3
     Material.elevation: interactive ? 4 : 0
     Material.background: mobileAspect ? Material.primary : "#ff313c43"
 
     onAboutToShow: isDrawer = mobileAspect
+    onIsColumnChanged: Qt.callLater(follow) // once it is no drawer in all respects: that one takes the keyboard
+    Component.onCompleted: follow()
 
     // Only what lies above a page casts a shadow, which is painted at a price.
     background: Rectangle {
