@@ -2,7 +2,6 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import QtQuick.Controls.Material 2.15
-import QtQuick.Layouts 1.15
 
 // A row that is one switch: its texts at the left, the switch at the right, and a click anywhere on it toggles.
 QC2.SwitchDelegate {
@@ -27,29 +26,36 @@ QC2.SwitchDelegate {
     Keys.onReturnPressed: toggleByKey()
     Keys.onEnterPressed: toggleByKey()
 
-    contentItem: ColumnLayout {
-        spacing: 0
+    contentItem: Item {
+        implicitHeight: texts.height
 
-        QC2.Label {
-            Layout.fillWidth: true
-            rightPadding: root.indicator.width + root.spacing
-            wrapMode: Text.Wrap
-            textFormat: Text.PlainText
-            font.pixelSize: 16
-            color: root.enabled ? Material.foreground : Material.hintTextColor
-            text: root.text
-        }
+        Column {
+            id: texts
 
-        QC2.Label {
-            objectName: "switchSubText"
-            Layout.fillWidth: true
-            rightPadding: root.indicator.width + root.spacing
-            visible: text !== ""
-            wrapMode: Text.Wrap
-            textFormat: Text.PlainText
-            font.pixelSize: 12
-            color: root.enabled ? Material.secondaryTextColor : Material.hintTextColor
-            text: root.subText
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width
+
+            QC2.Label {
+                width: parent.width
+                rightPadding: root.indicator.width + root.spacing
+                wrapMode: Text.Wrap
+                textFormat: Text.PlainText
+                font.pixelSize: 16
+                color: root.enabled ? Material.foreground : Material.hintTextColor
+                text: root.text
+            }
+
+            QC2.Label {
+                objectName: "switchSubText"
+                width: parent.width
+                rightPadding: root.indicator.width + root.spacing
+                visible: text !== ""
+                wrapMode: Text.Wrap
+                textFormat: Text.PlainText
+                font.pixelSize: 12
+                color: root.enabled ? Material.secondaryTextColor : Material.hintTextColor
+                text: root.subText
+            }
         }
     }
 }

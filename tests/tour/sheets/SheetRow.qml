@@ -45,17 +45,25 @@ Column {
                 implicitWidth: (grid.width - (grid.columns - 1) * grid.columnSpacing) / grid.columns
                 implicitHeight: loader.height + 8
 
+                onWidthChanged: Qt.callLater(loader.fit)
+
                 Loader {
                     id: loader
 
+                    // What a control asks for may depend on what it gets: it is asked once for each width of the cell.
+                    function fit() {
+                        width = undefined
+                        width = root.isStretched ? parent.width - 8 : Math.min(parent.width - 8, item.implicitWidth)
+                    }
+
                     x: 4
                     y: 4
-                    width: root.isStretched ? parent.width - 8 : item ? Math.min(parent.width - 8, item.implicitWidth) : 0
                     sourceComponent: root.control
                     onLoaded: {
                         var properties = root.all[modelData]
                         for (var name in properties)
                             item[name] = properties[name]
+                        Qt.callLater(fit)
                     }
                 }
             }
