@@ -10,7 +10,7 @@ class RadioDutyCycle
     Q_GADGET
 
 public:
-    enum DutyCycle { Duty50 = 0, Duty100 = 1, Duty33 = 2, Duty25 = 3, Duty10 = 4, Duty1 = 5 };
+    enum DutyCycle : int { Duty50 = 0, Duty100 = 1, Duty33 = 2, Duty25 = 3, Duty10 = 4, Duty1 = 5 };
     Q_ENUM(DutyCycle)
 
     static QString toString(DutyCycle cycle); // "duty50" and so on; "duty50" for a value outside the enumeration

@@ -9,6 +9,9 @@
 
 #include <QJsonDocument>
 #include <random>
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
 
 using namespace SiteFixture;
 using Flags = ZmqMessageHeader::Flags;
@@ -202,6 +205,9 @@ void RequestMutationTest::goodRequestsAreAnswered()
 
 void RequestMutationTest::spoiltDocumentsAreAnswered()
 {
+#ifdef __SANITIZE_ADDRESS__
+    const __lsan::ScopedDisabler qtLeaks; // the JSON parser of Qt 5 leaks the open brackets of a damaged text
+#endif
     Desk desk(fullData());
     Demo::Publisher publisher(desk.site, QVersionNumber(4, 5, 2));
     Demo::IndicatorRules rules(desk.site);
@@ -237,6 +243,9 @@ void RequestMutationTest::spoiltDocumentsAreAnswered()
 
 void RequestMutationTest::spoiltMessagesAreAnswered()
 {
+#ifdef __SANITIZE_ADDRESS__
+    const __lsan::ScopedDisabler qtLeaks; // the JSON parser of Qt 5 leaks the open brackets of a damaged text
+#endif
     allowMessages("Byte consumer|bytes");
     Desk desk;
     Spoiler spoiler(7);
@@ -261,6 +270,9 @@ void RequestMutationTest::spoiltMessagesAreAnswered()
 
 void RequestMutationTest::spoiltUploadsAreAnswered()
 {
+#ifdef __SANITIZE_ADDRESS__
+    const __lsan::ScopedDisabler qtLeaks; // the JSON parser of Qt 5 leaks the open brackets of a damaged text
+#endif
     allowMessages("Byte consumer|bytes|Unknown parameter type|map:");
     Desk desk;
     Spoiler spoiler(9);
@@ -289,6 +301,9 @@ void RequestMutationTest::spoiltUploadsAreAnswered()
 
 void RequestMutationTest::spoiltFilesAreAnswered()
 {
+#ifdef __SANITIZE_ADDRESS__
+    const __lsan::ScopedDisabler qtLeaks; // the JSON parser of Qt 5 leaks the open brackets of a damaged text
+#endif
     allowMessages("Byte consumer|bytes");
     Desk desk(fullData());
     Spoiler spoiler(11);

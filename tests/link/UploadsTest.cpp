@@ -130,8 +130,8 @@ void UploadsTest::largeMeshArrivesWhole()
 {
     auto item = machine();
     item.modelData.clear();
-    for (int i = 0; item.modelData.size() < 4 * 1024 * 1024; ++i)
-        item.modelData += QByteArray::number(i * 7919);
+    for (uint i = 0; item.modelData.size() < 4 * 1024 * 1024; ++i)
+        item.modelData += QByteArray::number(i * 7919); // goes round
 
     m_link->addView3DItem(item, {});
     const auto request = awaitRequest("view_3d_items");

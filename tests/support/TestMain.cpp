@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -42,10 +43,10 @@ int main(int argc, char **argv)
     QStringList arguments = application.arguments();
     QString only;
     if (arguments.size() > 1 && !arguments.at(1).startsWith('-')) {
-        for (const auto &test : registeredTests()) {
-            if (test.first == arguments.at(1))
-                only = arguments.takeAt(1);
-        }
+        const QString name = arguments.at(1);
+        const auto isNamed = [&](const Registered &test) { return test.first == name; };
+        if (std::any_of(registeredTests().begin(), registeredTests().end(), isNamed))
+            only = arguments.takeAt(1);
     }
 
     int failures = 0;
