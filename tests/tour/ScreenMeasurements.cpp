@@ -151,14 +151,17 @@ bool ScreenMeasurements::switchLanguage()
 
 bool ScreenMeasurements::plan(WiredSite &site)
 {
-    m_driver.resize(1280, 800);
     const auto tiles = site.data().zones.size();
     auto &link = m_driver.manager().getCommunicator();
     qint64 connected = 0;
-    const auto watch = QObject::connect(&link, &AbstractBackendCommunicator::statusChanged, &m_frames, [&] {
+    const auto noteLogin = [&] {
         if (link.getStatus() == AbstractBackendCommunicator::Connected && connected == 0)
             connected = Frames::now();
-    });
+    };
+    const auto watch =
+        QObject::connect(&link, &AbstractBackendCommunicator::statusChanged, &m_frames, [&] { noteLogin(); });
+    noteLogin(); // a small site may be in already
+    m_driver.resize(1280, 800);
     const auto isOpen = [&] {
         const auto *screen = connected == 0 ? nullptr : m_driver.find("GridCanvas");
         return screen && m_driver.zoneTiles().size() >= tiles;
