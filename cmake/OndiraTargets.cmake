@@ -74,7 +74,7 @@ function(ondira_test NAME)
     target_link_libraries(test_${NAME} PRIVATE ondira_test_support ${ARG_LINKS})
     target_precompile_headers(test_${NAME} REUSE_FROM ondira_pch)
     set_target_properties(test_${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
-    add_test(NAME ${NAME} COMMAND test_${NAME})
+    add_test(NAME ${NAME} COMMAND test_${NAME} -silent)
     set_tests_properties(${NAME} PROPERTIES TIMEOUT 600 RUN_SERIAL ON
                          ENVIRONMENT "${ONDIRA_TEST_ENVIRONMENT}")
 endfunction()

@@ -188,6 +188,8 @@ Column {
             }
 
             contentItem: Item {
+                opacity: row.enabled ? 1 : 0.38
+
                 FL.BodyLabel {
                     objectName: "zoneName"
                     width: Math.min(implicitWidth, parent.width - 32 - (noteLabel.text !== "" ? parent.width / 3 : 0))

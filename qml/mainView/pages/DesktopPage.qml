@@ -169,6 +169,7 @@ FL.Page {
 
         function onCurrentConnectionChanged() {
             scaleStoreTimer.stop() // it was that of the other connection
+            shop.uid = "" // so was the part
             root.restoreView()
             if (!shop.lockZoomPan)
                 shop.scrollTo(0, 0)
