@@ -15,9 +15,7 @@ PollingZMQContext::PollingZMQContext(int ioThreads, int maxSockets, int interval
     , m_interval(interval)
     , m_tickBudget(tickBudget)
 {
-    m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, this, &PollingZMQContext::run);
+    connect(&m_timer, &TickTimer::timeout, this, &PollingZMQContext::run);
 }
 
 PollingZMQContext::~PollingZMQContext() = default;

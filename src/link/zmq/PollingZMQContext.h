@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "link/zmq/TickTimer.h"
 #include "link/zmq/ZMQContext.h"
 
 #include <QMutex>
 #include <QPointer>
-#include <QTimer>
 #include <vector>
 #include <zmq.h>
 
@@ -51,7 +51,7 @@ private:
 
     QMutex m_mutex; // over the list of sockets and the poll items
     std::vector<zmq_pollitem_t> m_items; // made anew for each poll; a member to keep its memory
-    QTimer m_timer;
+    TickTimer m_timer;
     int m_interval;
     int m_tickBudget;
     bool m_stopped = true;
