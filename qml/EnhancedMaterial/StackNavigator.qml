@@ -103,8 +103,11 @@ Item {
 
         function place(item, customProps) {
             var stack = root.stackView
-            while (stack.depth > item.level && stack.depth > 1 && currentLevel() !== item.level)
-                stack.pop(QC2.StackView.Immediate)
+            var isBelow = stack.depth < item.level
+            if (stack.depth > item.level) {
+                while (stack.depth > 1 && currentLevel() !== item.level)
+                    stack.pop(QC2.StackView.Immediate)
+            }
             var page = item.cache ? instance(item) : item.component
             var properties = {}
             if (item.cache)
@@ -112,7 +115,7 @@ Item {
             else
                 assign(properties, customProps)
             properties.objectName = item.link
-            if (stack.depth < item.level)
+            if (isBelow)
                 stack.push(page, properties)
             else
                 stack.replace(stack.currentItem, page, properties)

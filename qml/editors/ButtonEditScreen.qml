@@ -21,8 +21,6 @@ Column {
     }
 
     function accept() {
-        if (parametersEditor.hasErrors)
-            return false
         parametersEditor.commit()
         buttonsListModel.changeButton({
             uid: uid,

@@ -80,7 +80,7 @@ Column {
         width: parent.width
         visible: root.needsAddress
         label: qsTr("Адрес устройства")
-        errorText: qsTr("Адреса устройств от 1 до 65535, перечисленные через ' , ' ")
+        errorText: qsTr("Адреса устройств от 1 до 65535, через запятую или диапазоном: 1-3, 7")
         hasError: isEmptyRange || text !== "" && !acceptableInput
         inputMethodHints: Qt.ImhPreferNumbers
         validator: RegularExpressionValidator { regularExpression: /[0-9]+(-[0-9]+)?(,\s*[0-9]+(-[0-9]+)?)*/ }

@@ -18,7 +18,7 @@ QtObject {
         text: root.goesBack ? qsTr("Назад") : qsTr("Меню")
         toolTip: root.goesBack ? qsTr("Назад") : qsTr("Меню навигации")
         visible: root.goesBack || leftSidebar.mobileAspect
-        enabled: visible
+        enabled: visible && root.page !== null && root.page.isOnTop // a page that is covered answers no key
         shortcut: StandardKey.Back
         onTriggered: root.goesBack ? root.page.pop() : leftSidebar.open()
     }

@@ -48,7 +48,9 @@ Tile {
     function save(wanted) {
         var newWidth = wanted.width
         var newHeight = wanted.height
-        if (keepAspectRatio && ratio > 0) { // the keyboard changes one side alone
+        var fits = Math.round(newHeight * ratio) === Math.round(newWidth)
+            || Math.round(newWidth / ratio) === Math.round(newHeight)
+        if (keepAspectRatio && ratio > 0 && !fits) { // the keyboard changes one side alone
             if (newWidth !== place.width)
                 newHeight = Math.round(newWidth / ratio)
             else if (newHeight !== place.height)

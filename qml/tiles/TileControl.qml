@@ -162,6 +162,7 @@ Item {
         drag.maximumY: Math.max(0, root.canvasHeight - root.height)
         onReleased: root.release()
         onCanceled: root.cancel()
+        onPressAndHold: mouse.accepted = true // or it would not count as a hold
         onClicked: {
             if (!mouse.wasHeld)
                 root.click()

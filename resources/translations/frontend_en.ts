@@ -587,16 +587,16 @@
         <translation>Device address</translation>
     </message>
     <message>
-        <source>Адреса устройств от 1 до 65535, перечисленные через &apos; , &apos; </source>
-        <translation>Device addresses from 1 to 65535, separated by &apos; , &apos;</translation>
-    </message>
-    <message>
         <source>Тип устройства</source>
         <translation>Device type</translation>
     </message>
     <message>
         <source>Радио передатчик</source>
         <translation>Radio</translation>
+    </message>
+    <message>
+        <source>Адреса устройств от 1 до 65535, через запятую или диапазоном: 1-3, 7</source>
+        <translation>Device addresses from 1 to 65535, separated by commas or as a range: 1-3, 7</translation>
     </message>
 </context>
 <context>

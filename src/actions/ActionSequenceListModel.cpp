@@ -10,12 +10,12 @@
 
 namespace {
 
-// The value that counts: the instance's own if it gives one.
-const Model::ActionDatatype &valueOf(const Model::ActionBlueprintInstance &instance,
-                                     const Model::ExposedPropertyValue &exposed)
+// What the instance has of a property that its blueprint exposes. It lacks one only while the built-in blueprint stands
+// in for one that is still to come: such a property could not be set, so it is not shown.
+const Model::ExposedPropertyValue *ownOf(const Model::ActionBlueprintInstance &instance,
+                                         const Model::ExposedPropertyValue &exposed)
 {
-    const auto *own = instance.property(exposed.globalID());
-    return own ? own->value : exposed.value;
+    return instance.property(exposed.globalID());
 }
 
 } // namespace
@@ -124,7 +124,8 @@ void ActionSequenceListModel::setBlueprint(int index, const QString &uid)
     instance.blueprint = blueprint;
     instance.properties = m_blueprints.value(blueprint).getExposedProperties();
     emit actionSequenceChanged();
-    announce(index, {Blueprint, Properties, Values});
+    announce(index, {Blueprint, Properties});
+    announce(index, {Values}); // they are those of the new properties
 }
 
 void ActionSequenceListModel::setZones(int index, const QVariantList &zones)
@@ -184,14 +185,16 @@ QVariantList ActionSequenceListModel::propertiesOf(const Model::ActionBlueprintI
     if (!blueprint)
         return list;
     for (const auto &exposed : blueprint->getExposedProperties()) {
+        const auto *own = ownOf(instance, exposed);
+        if (!own)
+            continue;
         const auto *property = blueprint->property(exposed.globalID());
         const auto description = property && !property->userDescription.isEmpty() ? property->userDescription
             : property                                                            ? property->name
                                                                                   : exposed.property;
-        const auto &value = valueOf(instance, exposed);
         list << QVariantMap{{"name", exposed.globalID()},
                             {"description", description},
-                            {"type", Model::ActionDatatype::typeToString(value.type())}};
+                            {"type", Model::ActionDatatype::typeToString(own->value.type())}};
     }
     return list;
 }
@@ -203,11 +206,13 @@ QVariantList ActionSequenceListModel::valuesOf(const Model::ActionBlueprintInsta
     if (!blueprint)
         return list;
     for (const auto &exposed : blueprint->getExposedProperties()) {
+        const auto *own = ownOf(instance, exposed);
+        if (!own)
+            continue;
         const auto *property = blueprint->property(exposed.globalID());
-        const auto &value = valueOf(instance, exposed);
         list << QVariantMap{{"definition", property ? property->valueLimits.toVariant() : QVariant()},
-                            {"value", value.valueToVariant()},
-                            {"displayValue", value.toString()}};
+                            {"value", own->value.valueToVariant()},
+                            {"displayValue", own->value.toString()}};
     }
     return list;
 }

@@ -9,6 +9,7 @@
 
 #include <QColor>
 #include <QJsonDocument>
+#include <QSet>
 #include <algorithm>
 
 namespace {
@@ -206,17 +207,17 @@ void IndicatorsListModel::onIndicatorStatesUpdated(const std::vector<Model::Indi
 
 void IndicatorsListModel::onDeviceStatesUpdated(const std::vector<Model::DeviceState> &states)
 {
-    for (const auto &state : states)
+    QSet<QUuid> changed;
+    for (const auto &state : states) {
         m_deviceStates.insert(state.uid, state);
+        changed.insert(state.uid);
+    }
     for (int row = 0; row < m_items.size(); ++row) {
         auto &item = m_items.at(row);
-        if (!item.indicator.displayValue)
+        if (!item.indicator.displayValue || !changed.contains(item.indicator.displayValue->device))
             continue;
-        // Variants of different kinds may compare as equal, their texts do not.
-        const auto before = textOf(item);
         item.value = valueOf(item.indicator);
-        if (textOf(item) != before)
-            announceRow(row, {Text});
+        announceRow(row, {Text});
     }
 }
 

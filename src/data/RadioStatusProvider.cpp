@@ -33,8 +33,6 @@ RadioStatusProvider::RadioStatusProvider(AbstractBackendCommunicator &communicat
 
 void RadioStatusProvider::setRunning(bool running)
 {
-    if (running == isRunning())
-        return;
     if (running)
         start();
     else

@@ -101,8 +101,9 @@ void SortFilterProxyModel::applySortRole()
 
 void SortFilterProxyModel::applyFilterRole()
 {
-    if (!m_filterRole.isEmpty())
-        QSortFilterProxyModel::setFilterRole(roleNumber(m_filterRole));
+    const int role = m_filterRole.isEmpty() ? int(Qt::DisplayRole) : roleNumber(m_filterRole);
+    if (role == QSortFilterProxyModel::filterRole())
+        invalidateFilter(); // no role and one of this number do not mean the same
     else
-        invalidateFilter();
+        QSortFilterProxyModel::setFilterRole(role);
 }

@@ -146,7 +146,8 @@ Model::Position ZonesListModel::freePlace(const QUuid &partUid, double width) co
             y = static_cast<float>(top + zone.height);
         }
     }
-    return {static_cast<double>(x), static_cast<double>(y)};
+    const bool isOnPlan = std::isfinite(x) && std::isfinite(y); // a published length may be as large as it likes
+    return isOnPlan ? Model::Position{static_cast<double>(x), static_cast<double>(y)} : Model::Position();
 }
 
 void ZonesListModel::changeZoneGeometry(const QString &uid, double x, double y, double width, double height)

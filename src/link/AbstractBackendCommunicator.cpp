@@ -140,7 +140,7 @@ bool AbstractBackendCommunicator::init(const QString &address, const QString &lo
         return true;
     destroyRequestSocket();
     destroySubscriberSocket();
-    dropReplyHandles(); // what a discard callback has asked for meanwhile
+    dropLateReplyHandles();
     if (isOver())
         return true;
 
@@ -189,7 +189,9 @@ void AbstractBackendCommunicator::disconnectFromServer()
         return; // a slot or a callback has begun another connection
     destroyRequestSocket();
     destroySubscriberSocket();
-    m_publicationWatch.forget();
+    dropLateReplyHandles();
+    if (m_session == session)
+        m_publicationWatch.forget();
 }
 
 void AbstractBackendCommunicator::setAddress(const QString &address)
@@ -343,6 +345,18 @@ void AbstractBackendCommunicator::dropReplyHandles()
     m_replyHandles.swap(dropped);
     m_aborting = m_shutDown;
     locker.unlock();
+}
+
+// What discard callbacks have asked for on a connection that has ended since. They are refused what they ask for now.
+void AbstractBackendCommunicator::dropLateReplyHandles()
+{
+    QHash<QByteArray, std::shared_ptr<BackendReplyHandler>> dropped;
+    QMutexLocker locker(&m_requestMutex);
+    m_replyHandles.swap(dropped);
+    m_aborting = true;
+    locker.unlock();
+    dropped.clear();
+    m_aborting = m_shutDown;
 }
 
 boost::optional<AbstractBackendCommunicator::ParsedMessage>

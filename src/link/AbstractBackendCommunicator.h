@@ -264,6 +264,7 @@ protected:
 private:
     void createSockets();
     void dropReplyHandles();
+    void dropLateReplyHandles();
     void onPingTick();
     void onPollTick();
     void onPublicationsLost();

@@ -14,7 +14,8 @@
 // range of the integer gives its end, since converting such a double is undefined.
 namespace Model {
 
-inline long long saturated(double value)
+template <typename Conversion>
+long long saturatedBy(Conversion conversion, double value)
 {
     // 2^63 itself has no place in 64 bits; -2^63 has.
     constexpr double end = 9223372036854775808.0;
@@ -22,17 +23,23 @@ inline long long saturated(double value)
         return 0;
     if (value >= end)
         return std::numeric_limits<long long>::max();
-    if (value < -end)
+    if (value <= -end)
         return std::numeric_limits<long long>::min();
-    return static_cast<long long>(value); // truncates toward zero
+    return conversion(value);
 }
 
-// A double is rounded, as QVariant does.
+// Truncates toward zero.
+inline long long saturated(double value)
+{
+    return saturatedBy([](double inRange) { return static_cast<long long>(inRange); }, value);
+}
+
+// A double is rounded as QVariant does: a half goes up, also below zero.
 inline long long integerFrom(const QVariant &value, long long fallback = 0)
 {
     if (value.userType() == QMetaType::Double || value.userType() == QMetaType::Float) {
         const double number = value.toDouble();
-        return std::isnan(number) ? fallback : saturated(std::round(number));
+        return std::isnan(number) ? fallback : saturatedBy([](double inRange) { return qRound64(inRange); }, number);
     }
     bool ok = false;
     const long long number = value.toLongLong(&ok);

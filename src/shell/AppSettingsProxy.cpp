@@ -23,9 +23,8 @@ QString withoutLineFeeds(const QVariant &value)
     return value.toString().replace('\n', QStringLiteral("<br>"));
 }
 
-QString quoted(QString text)
+QString quoted(const QString &text)
 {
-    text.replace('\\', QStringLiteral("\\\\")).replace('"', QStringLiteral("\\\""));
     return '"' + text + '"';
 }
 
@@ -92,6 +91,7 @@ QVariantList AppSettingsProxy::getVariantArray(const QString &key) const
     return list;
 }
 
+// Scripts know this text as it is: it is no JSON.
 QString AppSettingsProxy::getArrayJson(const QString &key) const
 {
     QStringList rows;
@@ -102,8 +102,7 @@ QString AppSettingsProxy::getArrayJson(const QString &key) const
                 quoted(value.key()) + QStringLiteral(" : ") + quoted(withoutLineFeeds(*value)) + QStringLiteral(", ");
         rows << pairs;
     }
-    return rows.isEmpty() ? QStringLiteral("[ ]")
-                          : QStringLiteral("[ { ") + rows.join(QStringLiteral("},{")) + QStringLiteral("} ]");
+    return QStringLiteral("[ { ") + rows.join(QStringLiteral("},{")) + QStringLiteral(" ]");
 }
 
 QString AppSettingsProxy::getArrayXml(const QString &key) const

@@ -56,6 +56,9 @@ FrontendManager::FrontendManager(const QString &applicationDirectory, const QStr
             [this](const QString &code, const QString &title, const QString &detail) {
                 reportLocalError({code, title, detail});
             });
+    connect(m_communicator.get(), &AbstractBackendCommunicator::errorOccured, this, [this](const QString &message) {
+        reportLocalError({QStringLiteral("invalid_server_address"), message, QString()});
+    });
     m_permissionsManager.getStoragePermission();
     // Where the answer needs no dialog it waits in the queue already. Taken now, the list of connections stands before
     // the old list is imported into it and before the first screen asks for it.

@@ -16,6 +16,7 @@
 #include "model/RadioDutyCycle.h"
 #include "schedules/SchedulePointWrapper.h"
 #include "schedules/SchedulePointsListModel.h"
+#include "schedules/ScheduleWeeksListModel.h"
 #include "shell/AppSettingsProxy.h"
 #include "shell/ColorTheme.h"
 #include "shell/FrontendManager.h"
@@ -112,6 +113,7 @@ void FrontendManager::registerQmlTypes()
     registerType<ModelToListAdapter>("ModelToArrayAdapter");
     registerType<SchedulePointWrapper>("SchedulePoint");
     registerType<SchedulePointsListModel>("SchedulePointsListModel");
+    registerType<ScheduleWeeksListModel>("ScheduleWeeksListModel");
     registerType<ActionSequenceListModel>("ActionSequenceListModel");
     registerType<StatisticsProvider>("StatisticsProvider");
     registerType<SystemLogProvider>("SystemLogProvider");

@@ -68,8 +68,10 @@ void SystemLogProvider::update()
     const QPointer<SystemLogProvider> self(this);
     const auto turn = ++m_turn;
     m_communicator->getLog(m_from, m_to, [self, turn](const std::vector<Model::LogEntry> &entries) {
-        if (self && self->m_turn == turn) // the answer to an older call may come last
-            self->updateLog(entries);
+        if (!self || turn < self->m_answered) // the answer to an older call may come last
+            return;
+        self->m_answered = turn;
+        self->updateLog(entries);
     });
 }
 

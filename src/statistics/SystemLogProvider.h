@@ -52,4 +52,5 @@ private:
     QDateTime m_to;
     std::vector<Model::LogEntry> m_entries;
     quint64 m_turn = 0; // of the last update()
+    quint64 m_answered = 0; // of the newest answer taken
 };

@@ -136,11 +136,20 @@ private slots:
         QVERIFY(instancesOf(model) == std::vector<Model::ActionBlueprintInstance>{kept});
     }
 
+    void anUnknownBlueprintShowsNoProperties_data()
+    {
+        QTest::addColumn<QUuid>("blueprint");
+
+        QTest::newRow("any") << uid(9);
+        QTest::newRow("power, without its value") << Model::StandardBlueprints::setPowerUid();
+    }
+
     void anUnknownBlueprintShowsNoProperties()
     {
+        QFETCH(QUuid, blueprint);
         ActionSequenceListModel model;
 
-        model.setActionSequence(sequence({instance(9, {{"own", ActionDatatype(1LL)}})}));
+        model.setActionSequence(sequence({{blueprint, {{"own", ActionDatatype(1LL)}}, {}}}));
 
         QCOMPARE(value(model, 0, Role::Properties).toList(), QVariantList());
         QCOMPARE(value(model, 0, Role::Values).toList(), QVariantList());
@@ -237,7 +246,7 @@ private slots:
 
         model.setBlueprint(0, text(2));
         QVERIFY(instancesOf(model)[0] == instance(2, {{"speed", ActionDatatype(3LL)}}, {uid(10)}));
-        QCOMPARE(log.take(), QStringList({"changed 0-0: 257 259 260"}));
+        QCOMPARE(log.take(), QStringList({"changed 0-0: 257 259", "changed 0-0: 260"}));
         QCOMPARE(changed.count(), 1);
 
         model.setBlueprint(0, text(9));

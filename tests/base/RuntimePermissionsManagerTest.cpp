@@ -77,7 +77,7 @@ void RuntimePermissionsManagerTest::grantsEachGroup()
 
     QVERIFY(QMetaObject::invokeMethod(&manager, invoked.constData()));
 
-    QVERIFY(grantedSpy.wait());
+    QVERIFY(grantedSpy.wait(patience));
     QCOMPARE(grantedSpy.size(), 1);
     QCOMPARE(deniedSpy.size(), 0);
 
@@ -97,7 +97,7 @@ void RuntimePermissionsManagerTest::grantsLaterAndNotInTheCall()
     manager.getStoragePermission();
 
     QCOMPARE(granted.size(), 0);
-    QVERIFY(granted.wait());
+    QVERIFY(granted.wait(patience));
 }
 
 void RuntimePermissionsManagerTest::twoQuickCallsGiveTwoSignals()
@@ -181,7 +181,7 @@ void RuntimePermissionsManagerTest::missingCallbacksAreNoHarm()
     manager.storage({}, {});
     manager.getLocationPermission();
 
-    QVERIFY(granted.wait());
+    QVERIFY(granted.wait(patience));
 }
 
 void RuntimePermissionsManagerTest::secondAnswerIsIgnored()

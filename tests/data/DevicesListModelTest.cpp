@@ -376,6 +376,19 @@ private slots:
         QTEST(value(site.devices, 0, Role::IsRadioValid).toBool(), "expected");
     }
 
+    void aRadioThatIsRemovedLeavesItsPlaceInTheDevices()
+    {
+        Site site;
+        site.link.publishSettings(radios(2, 0, 0));
+        site.link.publishDevices({onRadio(1, RadioType::Mrf, 0), onRadio(2, RadioType::Mrf, 1)});
+        QCOMPARE(column(site.devices, Role::IsRadioValid), QStringList({"true", "true"}));
+
+        site.link.publishSettings(radios(1, 0, 0));
+
+        QCOMPARE(column(site.devices, Role::IsRadioValid), QStringList({"true", "false"}));
+        QCOMPARE(column(site.devices, Role::RadioIndex), QStringList({"0", "1"}));
+    }
+
     void settingsAnnounceRadiosThatBecomeValidAndAllTexts()
     {
         Site site;

@@ -92,10 +92,10 @@ private slots:
         site.provider.setProperty("running", true);
         QVERIFY(site.provider.isRunning());
         site.provider.setProperty("running", true);
-        QCOMPARE(running.count(), 1);
+        QCOMPARE(running.count(), 2); // each one is a start
         site.provider.setProperty("running", false);
         QVERIFY(!site.provider.isRunning());
-        QCOMPARE(running.count(), 2);
+        QCOMPARE(running.count(), 3);
     }
 
     void equalAndNegativeIntervalsChangeNothing()

@@ -40,6 +40,7 @@ private slots:
         QTest::newRow("single precision after a wrap")
             << 4000. << 0.1 << 50. << 0.2 << 96. << 0. << double(float(0.1 + 0.2));
         QTest::newRow("not a number counts for nothing") << qQNaN() << qQNaN() << 10. << 10. << 96. << 0. << 0.;
+        QTest::newRow("beyond all numbers") << 0. << 1e308 << 10. << 1e308 << 96. << 0. << 0.;
     }
 
     void findsAFreePlace()

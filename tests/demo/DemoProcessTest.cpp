@@ -12,8 +12,6 @@ using namespace SiteFixture;
 
 namespace {
 
-constexpr int patience = 30000; // milliseconds, for a machine under load
-
 class Program
 {
 public:

@@ -30,6 +30,7 @@ private slots:
     void firstConnectionIsMadeByItsDialog();
     void anotherUserSeesWhatIsHis();
     void wrongPasswordIsToldAndLogsNobodyIn();
+    void anAddressThatIsNoneIsTold();
     void administratorComesBack();
     void languageChangesAtOnce();
     void administratorComesBackToTheSettings();
@@ -114,6 +115,15 @@ void ShellRoadTest::wrongPasswordIsToldAndLogsNobodyIn()
     QCOMPARE(textOf("connectButton"), QStringLiteral("Переподключиться"));
 }
 
+void ShellRoadTest::anAddressThatIsNoneIsTold()
+{
+    QVERIFY(!link().init(QStringLiteral("a b"), QStringLiteral("admin"), QStringLiteral("admin"), 1, 2));
+
+    QTRY_VERIFY(textOf("errorText").startsWith(QStringLiteral("Некорректный адрес сервера (")));
+    QVERIFY(press("errorButton"));
+    QTRY_VERIFY(!find("errorText"));
+}
+
 void ShellRoadTest::administratorComesBack()
 {
     QVERIFY(press("connectionButton"));
@@ -137,9 +147,11 @@ bool ShellRoadTest::chooseLanguage(const QString &name)
 void ShellRoadTest::languageChangesAtOnce()
 {
     QCOMPARE(textOf("sidebarEntry_sliders"), QStringLiteral("Таблица управления"));
+    QSignalSpy statuses(&link(), &Link::statusChanged);
 
     QVERIFY(chooseLanguage("English"));
     QTRY_COMPARE(textOf("languageButton"), QStringLiteral("EN"));
+    QTRY_VERIFY(statuses.size() >= 2); // what the server says is asked for anew, in that language
     QVERIFY(waitForGroup("admin"));
     QVERIFY(m_driver->waitForPlan(4));
     QTRY_COMPARE(textOf("sidebarEntry_sliders"), QStringLiteral("Control table"));

@@ -29,6 +29,7 @@ private slots:
     void movedConnectionLeavesTheOldServer();
     void logLinesOfAConnection();
     void discardCallbackMayBeginAConnection();
+    void aRequestOfADiscardCallbackDoesNotOutliveTheConnection();
     void slotMayEndTheConnectionThatBegins();
     void slotMayBeginAnotherConnection();
     void pingsComeAtTheirInterval();
@@ -300,6 +301,28 @@ void ConnectionTest::discardCallbackMayBeginAConnection()
     QCOMPARE(link.getControlPort(), second.controlPort()); // the younger call counts
     QCOMPARE(second.count("auth"), 1);
     QCOMPARE(first.count("auth"), 1);
+}
+
+void ConnectionTest::aRequestOfADiscardCallbackDoesNotOutliveTheConnection()
+{
+    FakeServer server;
+    TestCommunicator link;
+    QVERIFY(logIn(link, server));
+    int discarded = 0;
+    link.request("a")->onDiscard([&](Reason) {
+        link.request("again", 50)->onDiscard([&](Reason) {
+            ++discarded;
+            link.request("once more", 50)->onDiscard([&](Reason) { ++discarded; });
+        });
+    });
+
+    link.disconnectFromServer();
+    QCOMPARE(discarded, 1);
+    QTest::qWait(200);
+
+    QCOMPARE(link.getStatus(), Link::Disconnected); // nothing was left to expire and to connect anew
+    QCOMPARE(server.count("auth"), 1);
+    QCOMPARE(discarded, 1);
 }
 
 void ConnectionTest::slotMayEndTheConnectionThatBegins()

@@ -327,12 +327,14 @@ void LoginTest::authNeededInAPublicationReconnects()
     FakeServer server;
     TestCommunicator link;
     QVERIFY(logIn(link, server));
+    const auto first = server.last("auth").body;
 
     server.publish("blueprints/ru_RU", errorDocument("auth_needed"));
 
     QTRY_COMPARE(server.count("auth"), 2);
     QTRY_COMPARE(link.getStatus(), Link::Connected);
     QCOMPARE(link.errorCodes, QStringList{"auth_needed"});
+    QCOMPARE(server.last("auth").body, first);
 }
 
 void LoginTest::authNeededAsAnswerToTheLoginEndsHere()

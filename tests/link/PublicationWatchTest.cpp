@@ -53,7 +53,7 @@ void PublicationWatchTest::portThatNeverStandsIsNotAliveButNoLoss()
 
     watch.open();
     QVERIFY(watch.isAlive());
-    QVERIFY(spies.alive.wait());
+    QVERIFY(spies.alive.wait(patience));
 
     QVERIFY(!watch.isAlive());
     QVERIFY(!spies.failed.wait(100));
@@ -76,7 +76,7 @@ void PublicationWatchTest::lateConnectionBringsItBack()
     PublicationWatch watch(10, 10);
     Spies spies(watch);
     watch.open();
-    QVERIFY(spies.alive.wait());
+    QVERIFY(spies.alive.wait(patience));
 
     watch.onConnected();
 
@@ -110,7 +110,7 @@ void PublicationWatchTest::dropThatDoesNotHealIsALoss()
     elapsed.start();
 
     watch.onDropped();
-    QVERIFY(spies.failed.wait());
+    QVERIFY(spies.failed.wait(patience));
 
     QVERIFY(elapsed.elapsed() >= 45);
     QVERIFY(!watch.isAlive());
@@ -124,14 +124,14 @@ void PublicationWatchTest::lossIsToldAgainAfterTheLongerWait()
     watch.open();
     watch.onConnected();
     watch.onDropped();
-    QVERIFY(spies.failed.wait());
+    QVERIFY(spies.failed.wait(patience));
 
     for (int round = 2; round <= 3; ++round) {
         watch.close(); // what a reconnect does
         watch.open();
         QElapsedTimer elapsed;
         elapsed.start();
-        QVERIFY(spies.failed.wait());
+        QVERIFY(spies.failed.wait(patience));
         QVERIFY(elapsed.elapsed() >= 75);
         QCOMPARE(spies.failed.size(), round);
         QVERIFY(!watch.isAlive());
@@ -145,7 +145,7 @@ void PublicationWatchTest::lossHealedAfterTheReconnectIsOver()
     watch.open();
     watch.onConnected();
     watch.onDropped();
-    QVERIFY(spies.failed.wait());
+    QVERIFY(spies.failed.wait(patience));
     watch.close();
     watch.open();
 
@@ -176,7 +176,7 @@ void PublicationWatchTest::forgottenLossIsNoLossOfTheNextServer()
     watch.open();
     watch.onConnected();
     watch.onDropped();
-    QVERIFY(spies.failed.wait());
+    QVERIFY(spies.failed.wait(patience));
 
     watch.close();
     watch.forget();

@@ -116,7 +116,7 @@ bool SecondPeerTest::command(const QByteArray &word)
 {
     const int before = events("done").size();
     m_peer.write(word + "\n");
-    return QTest::qWaitFor([&] { return events("done").size() > before; });
+    return QTest::qWaitFor([&] { return events("done").size() > before; }, patience);
 }
 
 bool SecondPeerTest::logIn(TestCommunicator &link)

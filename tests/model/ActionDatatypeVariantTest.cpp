@@ -187,6 +187,9 @@ void ActionDatatypeVariantTest::readsDamagedMap_data()
     row("null type", R"({"type":null,"value":5})", ActionDatatype());
     row("integer without value", R"({"type":"integer"})", integer(0));
     row("null integer", R"({"type":"integer","value":null})", integer(0));
+    row("half below zero", R"({"type":"integer","value":-2.5})", integer(-2));
+    row("half", R"({"type":"integer","value":2.5})", integer(3));
+    row("less than half below zero", R"({"type":"integer","value":-0.5})", integer(0));
     row("text for an integer", R"({"type":"integer","value":"many"})", integer(0));
     row("map for an integer", R"({"type":"integer","value":{}})", integer(0));
     row("integer beyond the range", R"({"type":"integer","value":1e300})",

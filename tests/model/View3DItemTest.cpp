@@ -100,9 +100,9 @@ private slots:
     void binaryFormIsReadInAnyOrder();
     void numbersOfTheBinaryFormKeepSixDigits_data();
     void numbersOfTheBinaryFormKeepSixDigits();
-    void emptyBinaryFormIsADefaultRecord();
-    void binaryNumberThatIsNoneLeavesTheDefault_data();
-    void binaryNumberThatIsNoneLeavesTheDefault();
+    void emptyBinaryFormReadsZeros();
+    void binaryNumberThatIsNone_data();
+    void binaryNumberThatIsNone();
     void binaryFlagIsANumber_data();
     void binaryFlagIsANumber();
     void binaryUidMustHaveSixteenBytes_data();
@@ -240,33 +240,41 @@ void View3DItemTest::numbersOfTheBinaryFormKeepSixDigits()
     }
 }
 
-void View3DItemTest::emptyBinaryFormIsADefaultRecord()
+void View3DItemTest::emptyBinaryFormReadsZeros()
 {
-    QVERIFY(fromBinary({}) == Item());
-    QVERIFY(fromBinary({{"topic", "view_3d_items"}}) == Item());
+    Item expected;
+    for (const auto &number : numbers)
+        expected.*number.second = 0;
+
+    QVERIFY(fromBinary({}) == expected);
+    QVERIFY(fromBinary({{"topic", "view_3d_items"}}) == expected);
 }
 
-void View3DItemTest::binaryNumberThatIsNoneLeavesTheDefault_data()
+void View3DItemTest::binaryNumberThatIsNone_data()
 {
     QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("isZero"); // otherwise the default stays: what is not finite must not reach a scene
 
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("word") << QByteArray("wide");
-    QTest::newRow("nan") << QByteArray("nan");
-    QTest::newRow("inf") << QByteArray("inf");
-    QTest::newRow("minus inf") << QByteArray("-inf");
-    QTest::newRow("too large") << QByteArray("1e999");
-    QTest::newRow("bytes") << QByteArray("\xff\0\x01", 3);
-    QTest::newRow("long") << QByteArray(100000, 'x');
+    QTest::newRow("empty") << QByteArray() << true;
+    QTest::newRow("word") << QByteArray("wide") << true;
+    QTest::newRow("nan") << QByteArray("nan") << false;
+    QTest::newRow("inf") << QByteArray("inf") << false;
+    QTest::newRow("minus inf") << QByteArray("-inf") << false;
+    QTest::newRow("too large") << QByteArray("1e999") << false;
+    QTest::newRow("bytes") << QByteArray("\xff\0\x01", 3) << true;
+    QTest::newRow("long") << QByteArray(100000, 'x') << true;
 }
 
-void View3DItemTest::binaryNumberThatIsNoneLeavesTheDefault()
+void View3DItemTest::binaryNumberThatIsNone()
 {
     QFETCH(QByteArray, value);
 
-    for (const auto &number : numbers)
-        QVERIFY2(fromBinary({{number.first, value}}) == Item(), number.first);
-    QVERIFY(fromBinary({{"locked", value}}) == Item());
+    QFETCH(bool, isZero);
+
+    for (const auto &number : numbers) {
+        const auto item = fromBinary({{number.first, value}});
+        QVERIFY2(item.*number.second == (isZero ? 0.0 : Item().*number.second), number.first);
+    }
 }
 
 void View3DItemTest::binaryFlagIsANumber_data()
@@ -323,7 +331,7 @@ void View3DItemTest::otherEntitiesAreNoWrapper()
     const auto item = JsonAPI::View3DItem::fromBinaryWrapper(wrapper);
     QCOMPARE(item.uid, uid);
     QCOMPARE(item.scaleX, 7.0);
-    QCOMPARE(item.scaleY, 1.0);
+    QCOMPARE(item.scaleY, 0.0);
 }
 
 void View3DItemTest::hashIsThatOfTheMesh()

@@ -13,6 +13,7 @@ private slots:
     void filters_data();
     void filters();
     void namesSetBeforeTheSourceTakeEffect();
+    void namesMayChangeBackAndForth();
     void unknownRoles();
     void countIsTold();
     void sourceIsTold();
@@ -106,6 +107,21 @@ void SortFilterProxyModelTest::namesSetBeforeTheSourceTakeEffect()
     QCOMPARE(proxy->sortRole(), QByteArray("name"));
     QCOMPARE(proxy->filterRole(), QByteArray("town"));
     QCOMPARE(proxy->QSortFilterProxyModel::sortRole(), Qt::UserRole + 1);
+}
+
+void SortFilterProxyModelTest::namesMayChangeBackAndForth()
+{
+    PeopleModel people;
+    SortFilterProxyModel proxy;
+    proxy.setSource(&people);
+
+    proxy.setFilterRole("name");
+    proxy.setFilterString("Perm");
+    QCOMPARE(proxy.count(), 0);
+    proxy.setFilterRole("");
+    QCOMPARE(proxy.count(), 2);
+    proxy.setFilterRole("name");
+    QCOMPARE(proxy.count(), 0);
 }
 
 void SortFilterProxyModelTest::unknownRoles()

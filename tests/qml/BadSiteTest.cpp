@@ -30,7 +30,8 @@ private:
     static bool showPage(Stage &stage, const QString &link, const QVariantMap &properties = {})
     {
         QMetaObject::invokeMethod(stage.object("nav"), "show", Q_ARG(QVariant, link), Q_ARG(QVariant, properties));
-        return QTest::qWaitFor([&] { return stage.object("nav")->property("currentLink").toString() == link; });
+        return QTest::qWaitFor([&] { return stage.object("nav")->property("currentLink").toString() == link; },
+                               patience);
     }
 
     static Model::ImageItem picture(uint n, const QRectF &place)
@@ -47,7 +48,7 @@ private:
 
     static bool answer(Stage &stage, const QByteArray &bytes)
     {
-        if (!QTest::qWaitFor([&] { return bool(stage.link.imageCallback); }))
+        if (!QTest::qWaitFor([&] { return bool(stage.link.imageCallback); }, patience))
             return false;
         Model::ImageItem::Image image;
         image.data = bytes;

@@ -112,6 +112,29 @@ private slots:
         QCOMPARE(action.zones, QSet<QUuid>{Records::uid(11)});
     }
 
+    void aValueInErrorDoesNotHoldTheRestBack()
+    {
+        Stage stage;
+        auto *dialog = show(stage);
+        auto strict = greeting();
+        strict.nodes.front().properties.front().valueLimits = Model::ActionValueLimits::string(0, 20, "[0-9]+");
+        stage.link.publishBlueprints({Model::StandardBlueprints::setPower(), strict});
+        QMetaObject::invokeMethod(dialog, "close");
+        QTRY_VERIFY(!dialog->property("visible").toBool());
+        QMetaObject::invokeMethod(dialog, "open");
+        QTRY_VERIFY(stage.has("stringField"));
+        stage.settle();
+        QVERIFY(stage.item("stringField")->property("hasError").toBool());
+
+        typeInto(stage, "nameField", "Тень");
+        stage.click("positiveButton");
+
+        QTRY_VERIFY(!dialog->property("visible").toBool());
+        QCOMPARE(stage.link.operations.count("changeButtons"), 1);
+        QCOMPARE(stage.link.buttons.front().name, QString("Тень"));
+        QVERIFY(stage.link.buttons.front().blueprints == button().blueprints);
+    }
+
     void aPublicationLeavesWhatIsTyped()
     {
         Stage stage;

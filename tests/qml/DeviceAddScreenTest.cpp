@@ -163,7 +163,8 @@ private slots:
             QVERIFY(canAccept(stage));
             stage.click("positiveButton");
             QVERIFY(dialog->property("opened").toBool());
-            QCOMPARE(stage.text("fieldText"), QString("Адреса устройств от 1 до 65535, перечисленные через ' , ' "));
+            QCOMPARE(stage.text("fieldText"),
+                     QString("Адреса устройств от 1 до 65535, через запятую или диапазоном: 1-3, 7"));
         }
         QVERIFY(!stage.link.operations.contains("addDevices"));
         enter(stage, "5");

@@ -188,7 +188,7 @@ private slots:
         QTest::addColumn<int>("width");
 
         QTest::newRow("wide") << 1280 << 480;
-        QTest::newRow("500") << 500 << 452;
+        QTest::newRow("500") << 500 << 440;
         QTest::newRow("456") << 456 << 440;
         QTest::newRow("phone") << 360 << 344;
         QTest::newRow("smallest") << 320 << 304;

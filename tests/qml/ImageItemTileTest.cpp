@@ -26,7 +26,7 @@ private:
     // What the server sends of it.
     static bool answer(Stage &stage, const QSize &size)
     {
-        if (!QTest::qWaitFor([&] { return bool(stage.link.imageCallback); }))
+        if (!QTest::qWaitFor([&] { return bool(stage.link.imageCallback); }, patience))
             return false;
         QByteArray bytes;
         QBuffer buffer(&bytes);
@@ -83,6 +83,19 @@ private slots:
 
         QCOMPARE(QSizeF(tile->width(), tile->height()), QSizeF(600, 300));
         QCOMPARE(tile->property("asked").toList(), QVariantList({20.0, 30.0, 600.0, 300.0}));
+    }
+
+    void whatIsSentIsWhatIsShown()
+    {
+        Stage stage;
+        auto *tile = show(stage, "place: Qt.rect(20, 30, 300, 301); editable: true");
+        QVERIFY(answer(stage, {100, 200}));
+        QTRY_VERIFY(tile->property("ratio").toDouble() > 0);
+
+        stage.click("ratioButton");
+
+        QCOMPARE(QSizeF(tile->width(), tile->height()), QSizeF(151, 301)); // half of the height, rounded
+        QCOMPARE(tile->property("asked").toList(), QVariantList({20.0, 30.0, 151.0, 301.0}));
     }
 
     void aPictureThatFailsIsReadThreeTimesMore()

@@ -65,7 +65,7 @@ private slots:
         QVERIFY(!counted.wait(100));
         stage.link.enter(Link::Connecting);
 
-        QVERIFY(counted.wait());
+        QVERIFY(counted.wait(patience));
     }
 
     void oneTickIsASecond()
@@ -127,7 +127,7 @@ private slots:
         QVERIFY(!pulsed.wait(100));
 
         stage.link.enter(Link::Connecting);
-        QVERIFY(pulsed.wait());
+        QVERIFY(pulsed.wait(patience));
         stage.link.enter(Link::Disconnected);
 
         QTRY_COMPARE(stage.item("loadingLogo")->scale(), 1.0); // it comes to rest in its own size

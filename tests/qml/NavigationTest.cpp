@@ -83,6 +83,45 @@ private slots:
         QCOMPARE(depth(stage), expected == "zone" ? 2 : 1);
     }
 
+    void theBackKeyLeavesAPageButNotTheWait()
+    {
+        Stage stage;
+        start(stage);
+        show(stage, "zone");
+        stage.settle();
+        stage.link.enter(Link::Connecting);
+        QCOMPARE(link(stage), QString("loading"));
+        stage.settle();
+
+        stage.key(Qt::Key_Left, Qt::AltModifier);
+        stage.settle();
+        QCOMPARE(link(stage), QString("loading"));
+
+        stage.link.enter(Link::Connected);
+        QCOMPARE(link(stage), QString("zone"));
+        stage.settle();
+        stage.key(Qt::Key_Left, Qt::AltModifier);
+        QTRY_COMPARE(link(stage), QString("desktop"));
+    }
+
+    void theBackKeyOpensOneMenuOnAPhone()
+    {
+        Stage stage;
+        start(stage);
+        stage.resize({420, 800});
+        show(stage, "sliders");
+        show(stage, "zone");
+        stage.settle();
+
+        stage.key(Qt::Key_Left, Qt::AltModifier);
+
+        QTRY_COMPARE(link(stage), QString("sliders"));
+        stage.settle();
+        stage.key(Qt::Key_Left, Qt::AltModifier);
+        QTRY_VERIFY(stage.object("leftSidebar")->property("opened").toBool());
+        QCOMPARE(link(stage), QString("sliders"));
+    }
+
     void twoTriesRememberTheFirstPage()
     {
         Stage stage;
@@ -249,6 +288,28 @@ private slots:
 
         QCOMPARE(stage.language.getActiveLayouts(), QStringList({"en_GB"}));
         QTRY_COMPARE(stage.text("snackbarText"), QString("Сохранено"));
+        QCOMPARE(stage.language.getLocale(), QString("ru_RU"));
+        QCOMPARE(stage.item("layoutBox_hi_IN")->property("text").toString(), QLocale("hi_IN").nativeLanguageName());
+    }
+
+    void theLanguageOfAnotherCountryStays()
+    {
+        Stage stage;
+        stage.language.set("en_US", {});
+        start(stage);
+        show(stage, "settings");
+        QTRY_VERIFY(stage.has("clientSettingsRow1"));
+        stage.settle();
+        stage.click("clientSettingsRow1");
+        QTRY_VERIFY(stage.has("layoutBox_en_GB"));
+        stage.settle();
+        QCOMPARE(stage.item("languagePicker")->property("selectedItem").toString(), QString("en_GB"));
+
+        stage.click("layoutBox_en_GB");
+        stage.click("saveButton");
+
+        QCOMPARE(stage.language.getActiveLayouts(), QStringList({"en_GB"}));
+        QCOMPARE(stage.language.getLocale(), QString("en_US"));
     }
 };
 

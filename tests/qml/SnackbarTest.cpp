@@ -87,7 +87,7 @@ private slots:
         QCOMPARE(stage.text("snackbarText"), QString("One"));
         QCOMPARE(bar->property("queueLength").toInt(), 2);
 
-        QVERIFY(closed.wait());
+        QVERIFY(closed.wait(patience));
         QElapsedTimer pause;
         pause.start();
         QVERIFY(!isShown(bar));
@@ -95,7 +95,7 @@ private slots:
 
         QVERIFY2(pause.elapsed() >= 110, qPrintable(QString::number(pause.elapsed())));
         QCOMPARE(stage.text("snackbarText"), QString("Two"));
-        QVERIFY(closed.wait());
+        QVERIFY(closed.wait(patience));
         QCOMPARE(bar->property("queueLength").toInt(), 0);
     }
 
@@ -106,14 +106,14 @@ private slots:
         QSignalSpy closed(bar, SIGNAL(closed()));
         say(stage, "'One', 100");
         say(stage, "'Two', 100");
-        QVERIFY(closed.wait());
+        QVERIFY(closed.wait(patience));
 
         say(stage, "'Three', 100");
 
         QVERIFY(!isShown(bar));
         QTRY_VERIFY(isShown(bar));
         QCOMPARE(stage.text("snackbarText"), QString("Two"));
-        QVERIFY(closed.wait());
+        QVERIFY(closed.wait(patience));
         QTRY_COMPARE(stage.text("snackbarText"), QString("Three"));
     }
 

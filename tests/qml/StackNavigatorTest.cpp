@@ -11,9 +11,10 @@ private:
     static QByteArray navigator(const QByteArray &initial = "a")
     {
         QByteArray items;
-        for (const char *item : {"a,preload: false; cache: true", "b,preload: false; cache: true",
-                                 "fresh,preload: false; level: 2", "other,preload: false; level: 2",
-                                 "third,preload: false; level: 3", "top,level: 10", "never,cache: false"}) {
+        for (const char *item :
+             {"a,preload: false; cache: true", "b,preload: false; cache: true", "fresh,preload: false; level: 2",
+              "other,preload: false; level: 2", "third,preload: false; level: 3", "top,level: 10",
+              "higher,preload: false; level: 11", "never,cache: false"}) {
             const auto parts = QByteArray(item).split(',');
             items += "StackItem { link: '" + parts.at(0) + "'; " + parts.at(1)
                 + "; Item { property string told; Component.onCompleted: made.push('" + parts.at(0) + "') } }\n";
@@ -173,6 +174,20 @@ private slots:
         show(stage, "top", {{"told", "again"}});
         QCOMPARE(depth(stage), 2);
         QCOMPARE(made(stage).count("top"), 1);
+    }
+
+    void whatIsOfAnotherLevelGoesDownToTheBottom()
+    {
+        Stage stage;
+        stage.show(navigator("top"));
+        show(stage, "higher");
+        show(stage, "third"); // its level is none of those in the stack: two pages, and below it one more
+        QCOMPARE(depth(stage), 3);
+
+        show(stage, "fresh");
+
+        QCOMPARE(depth(stage), 1);
+        QCOMPARE(link(stage), QString("fresh"));
     }
 
     void clearForgetsEverything()

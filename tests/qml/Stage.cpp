@@ -12,11 +12,12 @@
 #include "data/SharedModels.h"
 #include "data/UidFilterProxyModel.h"
 #include "data/qqsfpm/Registration.h"
-
 #include "schedules/SchedulePointWrapper.h"
 #include "schedules/SchedulePointsListModel.h"
 #include "shell/ColorTheme.h"
 #include "shell/IconSet.h"
+#include "support/KeptScene.h"
+#include "support/TestBase.h"
 
 #include <QElapsedTimer>
 #include <QFontDatabase>
@@ -105,6 +106,7 @@ void collect(QQuickItem *item, const std::function<bool(QQuickItem *)> &wanted, 
 Stage::Stage(Storage storage)
 {
     current = this;
+    keepScene();
     qputenv("QML_XHR_ALLOW_FILE_READ", "1"); // as the program does
     registerTypes();
     if (storage == Storage::Open) {
@@ -326,7 +328,7 @@ QString Stage::focusName() const
 
 bool Stage::waitFor(const std::function<bool()> &condition)
 {
-    return QTest::qVerify(QTest::qWaitFor(condition), "waited for in vain", "", __FILE__, __LINE__);
+    return QTest::qVerify(QTest::qWaitFor(condition, patience), "waited for in vain", "", __FILE__, __LINE__);
 }
 
 void Stage::settle()

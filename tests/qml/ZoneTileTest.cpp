@@ -4,6 +4,8 @@
 #include "support/TestBase.h"
 
 #include <QFontInfo>
+#include <QGuiApplication>
+#include <QStyleHints>
 
 class ZoneTileTest : public TestBase
 {
@@ -275,6 +277,24 @@ private slots:
 
         QCOMPARE(tile->property("toggles").toInt(), 2);
         QVERIFY(!tile->property("selected").toBool()); // whoever shows the tile decides
+    }
+
+    void aHoldIsNoClick()
+    {
+        Stage stage;
+        auto *tile = show(stage, 200, 160);
+        auto *hints = QGuiApplication::styleHints();
+        const int usual = hints->mousePressAndHoldInterval();
+        hints->setMousePressAndHoldInterval(20);
+
+        QTest::mousePress(stage.window(), Qt::LeftButton, {}, stage.middleOf(tile));
+        QTest::qWait(100);
+        QTest::mouseRelease(stage.window(), Qt::LeftButton, {}, stage.middleOf(tile));
+        hints->setMousePressAndHoldInterval(usual);
+
+        QCOMPARE(tile->property("toggles").toInt(), 0);
+        stage.click(tile);
+        QCOMPARE(tile->property("toggles").toInt(), 1);
     }
 
     void selectionIsMarked()

@@ -221,7 +221,7 @@ private slots:
             // Moves are gathered until the next frame.
             QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
             window->update();
-            QVERIFY(swapped.wait());
+            QVERIFY(swapped.wait(patience));
             middles.push_back((this->offset(area) + QPointF(200, 150) + moved) / size(area).width());
         }
         QTest::touchEvent(window, device)
@@ -249,7 +249,7 @@ private slots:
             QTest::touchEvent(window, device).move(0, QPoint(300 - 10 * step, 200), window);
             QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
             window->update();
-            QVERIFY(swapped.wait());
+            QVERIFY(swapped.wait(patience));
         }
         QTest::touchEvent(window, device).release(0, QPoint(200, 200), window);
 

@@ -15,10 +15,11 @@ class AssetsTest : public TestBase
 
 private slots:
     void localeFileNamesRussian();
-    void styleIsMaterialInThePalettesBlue();
+    void styleIsMaterialInBlue();
     void markCanBeShownInAnyColour();
     void fontsHoldWhatTheInterfaceWrites_data();
     void fontsHoldWhatTheInterfaceWrites();
+    void namesOfLayoutsHaveTheirLetters();
     void picturesOfThePlanJoinWithoutASeam_data();
     void picturesOfThePlanJoinWithoutASeam();
     void gridHasALineForEachStep();
@@ -44,14 +45,13 @@ void AssetsTest::localeFileNamesRussian()
     QCOMPARE(contentOf(":/ondira.locale"), QByteArray("ru_RU\n"));
 }
 
-void AssetsTest::styleIsMaterialInThePalettesBlue()
+void AssetsTest::styleIsMaterialInBlue()
 {
     const QSettings style(":/qtquickcontrols2.conf", QSettings::IniFormat);
 
     QCOMPARE(style.value("Controls/Style").toString(), QString("Material"));
     QCOMPARE(style.value("Material/Theme").toString(), QString("Light"));
-    QCOMPARE(style.value("Material/Accent").toString(), QString("#1483dc"));
-    QCOMPARE(style.value("Material/Primary").toString(), QString("#1483dc"));
+    QCOMPARE(style.value("Material/Accent").toString(), QString("Blue"));
     QCOMPARE(style.value("Material/Font/Family").toString(), QString("Roboto"));
 }
 
@@ -99,6 +99,19 @@ void AssetsTest::fontsHoldWhatTheInterfaceWrites()
     QVERIFY(font.isValid());
     for (const QChar letter : QString("АЯаяЁё№°²·•—AZaz09%"))
         QVERIFY2(font.supportsCharacter(letter), qPrintable(QString(letter)));
+}
+
+void AssetsTest::namesOfLayoutsHaveTheirLetters()
+{
+    const QRawFont latin(QStringLiteral(":/fonts/Roboto-Regular.ttf"), 16);
+    const QRawFont devanagari(QStringLiteral(":/fonts/Lohit-Devanagari.ttf"), 16);
+
+    for (const auto *locale : {"en_GB", "ru_RU", "da_DK", "de_DE", "es_ES", "fi_FI", "fr_FR", "hi_IN", "it_IT", "nb_NO",
+                               "pl_PL", "pt_PT", "ro_RO", "sv_SE"}) {
+        const auto &font = qstrcmp(locale, "hi_IN") == 0 ? devanagari : latin;
+        for (const QChar letter : QLocale(locale).nativeLanguageName())
+            QVERIFY2(font.supportsCharacter(letter), locale);
+    }
 }
 
 void AssetsTest::picturesOfThePlanJoinWithoutASeam_data()
@@ -204,6 +217,7 @@ void AssetsTest::licencesAreThere_data()
     QTest::newRow("Manrope") << QByteArray("SIL OPEN FONT LICENSE");
     QTest::newRow("Play") << QByteArray("SIL OPEN FONT LICENSE");
     QTest::newRow("NotoMono") << QByteArray("SIL OPEN FONT LICENSE");
+    QTest::newRow("Lohit") << QByteArray("Open Font License (OFL)");
     QTest::newRow("libzmq3-dev") << QByteArray("LGPL-3.0+");
     QTest::newRow("libsimdjson-dev") << QByteArray("Apache-2.0");
     QTest::newRow("libsqlite3-0") << QByteArray("public domain");

@@ -72,7 +72,7 @@ void ConnectionsListModelTest::loadsWhenStorageIsGranted()
 
     run.permissions.getStoragePermission();
 
-    QVERIFY(loaded.wait());
+    QVERIFY(loaded.wait(patience));
     QVERIFY(run.model.isLoaded());
     QCOMPARE(run.names(), QStringList{"Дом"});
     QCOMPARE(counted.size(), 1);

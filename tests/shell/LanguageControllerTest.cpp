@@ -286,7 +286,7 @@ void LanguageControllerTest::grantedStorageAppliesWhatIsStored()
 
     permissions.getStoragePermission();
 
-    QVERIFY(localeChanged.wait());
+    QVERIFY(localeChanged.wait(patience));
     QCOMPARE(controller.getLocale(), QString("en_GB"));
     QCOMPARE(controller.getActiveLayouts(), QStringList{"fi_FI"});
     QCOMPARE(m_changes, 1);
@@ -302,7 +302,7 @@ void LanguageControllerTest::grantedStorageWithoutAFileChangesNothing()
 
     permissions.getStoragePermission();
 
-    QVERIFY(granted.wait());
+    QVERIFY(granted.wait(patience));
     QCOMPARE(localeChanged.size(), 0);
     QCOMPARE(m_changes, 0);
 }

@@ -95,6 +95,22 @@ private slots:
         QCOMPARE(column(provider, Role::Action), QStringList({"newest"}));
     }
 
+    void anOlderAnswerServesUntilTheNewerOneComes()
+    {
+        FakeCommunicator link;
+        SystemLogProvider provider(link);
+        provider.update();
+        const auto older = link.logCallback;
+        provider.update();
+        const auto newer = link.logCallback;
+
+        older({entry(1, "old")});
+        QCOMPARE(column(provider, Role::Action), QStringList({"old"}));
+        newer({entry(2, "new")});
+
+        QCOMPARE(column(provider, Role::Action), QStringList({"new"}));
+    }
+
     void anAnswerAfterItIsGoneIsPassedOver()
     {
         FakeCommunicator link;

@@ -7,6 +7,15 @@
 #include <functional>
 #include <memory>
 
+// What is waited for may take this long, in milliseconds: a machine under load is no failure. A test that passes does
+// not wait for it.
+constexpr int patience = 20000;
+
+#undef QTRY_VERIFY
+#define QTRY_VERIFY(expression) QTRY_VERIFY_WITH_TIMEOUT((expression), patience)
+#undef QTRY_COMPARE
+#define QTRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT((actual), (expected), patience)
+
 // Base of every test class. A message at warning level or above that no test expected makes the running test fail.
 // A class with init() or cleanup() of its own calls the base's.
 class TestBase : public QObject

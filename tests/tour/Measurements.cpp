@@ -37,6 +37,20 @@ qint64 Measurements::residentMemory()
     return fields.size() > 1 ? fields.at(1).toLongLong() * sysconf(_SC_PAGESIZE) : 0;
 }
 
+qint64 Measurements::ownMemory()
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    constexpr qint64 kibibyte = 1024;
+    const auto lines = file.readAll().split('\n');
+    for (const auto &line : lines) {
+        if (line.startsWith("RssAnon:"))
+            return line.mid(line.indexOf(':') + 1).simplified().split(' ').first().toLongLong() * kibibyte;
+    }
+    return 0;
+}
+
 double Measurements::processorTime()
 {
     timespec time;
@@ -65,7 +79,7 @@ double Measurements::longestStall(int durationMs)
 Measurements::Growth Measurements::growth(int warmUpSeconds, int seconds)
 {
     constexpr int secondsOfAnHour = 3600;
-    std::vector<double> resident;
+    std::vector<double> own;
     std::vector<double> heap;
     QEventLoop loop;
     QTimer tick;
@@ -73,7 +87,7 @@ Measurements::Growth Measurements::growth(int warmUpSeconds, int seconds)
     QObject::connect(&tick, &QTimer::timeout, &loop, [&] {
         if (++passed > warmUpSeconds) {
             const auto known = mallinfo2();
-            resident.push_back(static_cast<double>(residentMemory()));
+            own.push_back(static_cast<double>(ownMemory()));
             heap.push_back(static_cast<double>(known.uordblks + known.hblkhd));
         }
         if (passed >= seconds)
@@ -81,5 +95,5 @@ Measurements::Growth Measurements::growth(int warmUpSeconds, int seconds)
     });
     tick.start(1000);
     loop.exec();
-    return {slope(resident) * secondsOfAnHour, slope(heap) * secondsOfAnHour};
+    return {slope(own) * secondsOfAnHour, slope(heap) * secondsOfAnHour};
 }

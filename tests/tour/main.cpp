@@ -91,9 +91,9 @@ int measureGrowth(Driver &driver, int seconds)
     if (!driver.waitForPlan(4))
         return 1;
     const auto perHour = Measurements::growth(qMin(60, seconds / 2), seconds);
-    QTextStream(stdout) << "resident_growth_mb_per_hour " << perHour.resident / 1048576.0
-                        << "\nheap_growth_mb_per_hour " << perHour.heap / 1048576.0 << "\nresident_mb "
-                        << Measurements::residentMemory() / 1048576.0 << '\n';
+    QTextStream(stdout) << "own_memory_growth_mb_per_hour " << perHour.own / 1048576.0 << "\nheap_growth_mb_per_hour "
+                        << perHour.heap / 1048576.0 << "\nresident_mb " << Measurements::residentMemory() / 1048576.0
+                        << '\n';
     return 0;
 }
 

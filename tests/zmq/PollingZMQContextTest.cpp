@@ -129,7 +129,7 @@ void PollingZMQContextTest::drainsAllThatWaitsInOneTickAndInOrder()
         line.send(i);
 
     context.start();
-    QVERIFY(ticks.wait());
+    QVERIFY(ticks.wait(patience));
 
     QCOMPARE(ticks.size(), 1);
     QCOMPARE(numbers.size(), size_t(500));
@@ -325,7 +325,7 @@ void PollingZMQContextTest::slotMayRunAnEventLoop()
     QCOMPARE(begun, (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}));
     QVERIFY2(ended.front() != 0, "polling goes on inside the loop of the first");
     QSignalSpy ticks(&context, &PollingZMQContext::ticked);
-    QVERIFY(ticks.wait()); // and after it
+    QVERIFY(ticks.wait(patience)); // and after it
 }
 
 void PollingZMQContextTest::throwingSlotIsReportedAndPollingGoesOn()
@@ -363,7 +363,7 @@ void PollingZMQContextTest::errorOfThePollIsReportedAndPollingGoesOn()
     QSignalSpy ticks(&context, &PollingZMQContext::ticked);
     allowMessages("^Exception during poll: Context was terminated$");
     context.start();
-    QVERIFY(ticks.wait());
+    QVERIFY(ticks.wait(patience));
     QCOMPARE(errors.size(), 0);
 
     zmq_ctx_shutdown(context.handle());

@@ -69,10 +69,10 @@ private slots:
 
         tick->start(20);
         later->start(60);
-        QVERIFY(ticks.wait());
+        QVERIFY(ticks.wait(patience));
 
         QVERIFY(elapsed.nsecsElapsed() >= 20 * 1000000);
-        QVERIFY(end.wait());
+        QVERIFY(end.wait(patience));
         QCOMPARE(ticks.size(), 1);
     }
 
@@ -86,7 +86,7 @@ private slots:
         tick->start(0);
 
         QCOMPARE(ticks.size(), 0);
-        QVERIFY(ticks.wait());
+        QVERIFY(ticks.wait(patience));
     }
 
     void aStoppedOneIsSilent_data() { bothKinds(); }
@@ -103,7 +103,7 @@ private slots:
         tick->stop();
         other->start(10);
 
-        QVERIFY(ends.wait());
+        QVERIFY(ends.wait(patience));
         QCOMPARE(ticks.size(), 0);
     }
 
@@ -119,11 +119,11 @@ private slots:
         tick->start(1);
         tick->start(3600000);
         other->start(10);
-        QVERIFY(ends.wait());
+        QVERIFY(ends.wait(patience));
         QCOMPARE(ticks.size(), 0);
         tick->start(1);
 
-        QVERIFY(ticks.wait());
+        QVERIFY(ticks.wait(patience));
     }
 
     void aSlotMayStartItAgainOrLetItGo_data() { bothKinds(); }

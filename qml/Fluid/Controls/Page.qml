@@ -12,10 +12,11 @@ QC2.Page {
     property bool customContentShown: true
     property int appBarHeight: 56
     readonly property bool canGoBack: QC2.StackView.view !== null && QC2.StackView.index > 0
+    readonly property bool isOnTop: QC2.StackView.view !== null && QC2.StackView.view.currentItem === root
 
     // Leaves the page for the one below it.
     function pop() {
-        if (canGoBack)
+        if (canGoBack && isOnTop)
             QC2.StackView.view.pop()
     }
 

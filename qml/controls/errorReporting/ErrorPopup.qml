@@ -2,6 +2,7 @@
 import QtQuick 2.15
 import QtQuick.Controls 2.15 as QC2
 import Errors 1.0
+import Fluid.Core 1.0 as FLC
 
 // Shows the last error that nobody has read. One closing marks all as read. What does not fit scrolls.
 QC2.Dialog {
@@ -14,7 +15,7 @@ QC2.Dialog {
     parent: QC2.Overlay.overlay
     x: Math.round((parent.width - width) / 2)
     y: Math.round((parent.height - height) / 2)
-    width: Math.max(Math.min(440, parent.width - 16), Math.min(480, parent.width - 48))
+    width: Math.max(Math.min(440, parent.width - 16), Math.min(480, parent.width - 2 * FLC.Device.gridUnit))
     height: Math.min(Math.ceil(implicitHeight), parent.height - 16)
     modal: true
     dim: false

@@ -14,8 +14,6 @@ FocusScope {
     id: root
 
     property LeftSidebar sidebar: null
-    // What is there without scrolling, so that the entries get the rest.
-    readonly property bool low: height < 560
 
     function takeKeyboard() {
         logoButton.forceActiveFocus(Qt.TabFocusReason)
@@ -47,7 +45,6 @@ FocusScope {
             id: logoButton
 
             objectName: "logoButton"
-            implicitHeight: root.low ? 64 : 90
             icon.width: 52
             icon.height: 52
             icon.source: "qrc:/images/OndiraLogo.png"
@@ -78,8 +75,7 @@ FocusScope {
                         id: entry
 
                         objectName: "sidebarEntry_" + model.link
-                        implicitHeight: root.low ? 64 : 90
-                        highlighted: nav.currentLink === model.link
+                                    highlighted: nav.currentLink === model.link
                         icon.source: root.sidebar.iconUrl(model.icon)
                         icon.color: highlighted ? "white" : "#b0bec5"
                         text: qsTranslate("LeftSidebar", model.text)

@@ -16,13 +16,18 @@ ColumnLayout {
     readonly property var locales: ["en_GB", "ru_RU", "da_DK", "de_DE", "es_ES", "fi_FI", "fr_FR", "hi_IN", "it_IT",
                                     "nb_NO", "pl_PL", "pt_PT", "ro_RO", "sv_SE"]
 
+    // The row of a locale. The system's may be one of another country, and the two letters choose the catalogue.
+    function rowOf(locale) {
+        return locale.indexOf("en") === 0 ? "en_GB" : "ru_RU"
+    }
+
     function accept() {
-        LanguageController.set(languagePicker.selectedItem || LanguageController.locale, layouts)
+        var current = LanguageController.locale
+        var chosen = languagePicker.selectedItem
+        LanguageController.set(!chosen || chosen === rowOf(current) ? current : chosen, layouts)
     }
 
     function nameOf(locale) {
-        if (locale === "hi_IN")
-            return "Hindi" // the fonts of the program have no letters of its own
         var name = Qt.locale(locale).nativeLanguageName
         return name.charAt(0).toUpperCase() + name.slice(1)
     }
@@ -36,6 +41,13 @@ ColumnLayout {
 
     spacing: 8
 
+    // The other fonts have none of its letters.
+    FontLoader {
+        id: devanagariFont
+
+        source: root.hasLayouts ? "qrc:/fonts/Lohit-Devanagari.ttf" : ""
+    }
+
     ItemPicker {
         id: languagePicker
 
@@ -47,7 +59,7 @@ ColumnLayout {
         idRole: "locale"
         textRole: "name"
         canSelectNothing: false
-        initialItem: LanguageController.locale
+        initialItem: root.rowOf(LanguageController.locale)
         source: ListModel {
             ListElement { locale: "ru_RU"; name: "Русский" }
             ListElement { locale: "en_GB"; name: "English" }
@@ -71,6 +83,7 @@ ColumnLayout {
             Layout.fillWidth: true
             Layout.minimumHeight: 48
             checked: root.layouts.indexOf(modelData) >= 0
+            font.family: modelData === "hi_IN" ? devanagariFont.name : Qt.application.font.family
             text: root.nameOf(modelData)
             onToggled: root.choose(modelData, checked)
         }

@@ -85,10 +85,9 @@ Model::View3DItem View3DItem::fromBinaryWrapper(const Entity &entity)
     const auto name = bytes("name");
     if (!name.isNull())
         item.name = QString::fromUtf8(name);
-    // Of bytes too a value that is none leaves the default: a scale of 0 would hide the mesh.
     for (const auto &number : numbers)
-        item.*number.field = finiteNumber(bytes(number.key), item.*number.field);
-    item.locked = finiteNumber(bytes("locked")) != 0.0;
+        item.*number.field = finiteNumber(bytes(number.key).toDouble(), item.*number.field);
+    item.locked = bytes("locked").toDouble() != 0.0;
     item.modelData = bytes("model_data");
     return item;
 }
