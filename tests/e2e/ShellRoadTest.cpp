@@ -117,7 +117,8 @@ void ShellRoadTest::wrongPasswordIsToldAndLogsNobodyIn()
 
 void ShellRoadTest::anAddressThatIsNoneIsTold()
 {
-    QVERIFY(!link().init(QStringLiteral("a b"), QStringLiteral("admin"), QStringLiteral("admin"), 1, 2));
+    QVERIFY(!link().init(QStringLiteral("a b"), QStringLiteral("admin"), QStringLiteral("admin"),
+                         link().getControlPort(), link().getUpdatePort()));
 
     QTRY_VERIFY(textOf("errorText").startsWith(QStringLiteral("Некорректный адрес сервера (")));
     QVERIFY(press("errorButton"));
