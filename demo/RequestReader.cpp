@@ -61,12 +61,12 @@ bool isMethod(const QJsonValue &value)
     return value.isString() && methods.contains(value.toString().toLower());
 }
 
-// A resource name, at most one id, and a query that is not used by any resource of this server.
+// A resource name, at most one id, and a query, which the lists between two times have.
 bool isLink(const QJsonValue &value)
 {
     if (!value.isString())
         return false;
-    const QUrl url("ondira://backend/" + value.toString()); // tolerant: uids come with their braces;
+    const QUrl url("ondira://backend/" + value.toString()); // tolerant: uids come with their braces
     const auto path = url.path(QUrl::FullyDecoded).split('/', Qt::SkipEmptyParts);
     return url.isValid() && path.size() >= 1 && path.size() <= 2 && !url.hasFragment();
 }

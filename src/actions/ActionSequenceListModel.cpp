@@ -8,18 +8,6 @@
 #include <QDebug>
 #include <algorithm>
 
-namespace {
-
-// What the instance has of a property that its blueprint exposes. It lacks one only while the built-in blueprint stands
-// in for one that is still to come: such a property could not be set, so it is not shown.
-const Model::ExposedPropertyValue *ownOf(const Model::ActionBlueprintInstance &instance,
-                                         const Model::ExposedPropertyValue &exposed)
-{
-    return instance.property(exposed.globalID());
-}
-
-} // namespace
-
 int ActionSequenceListModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_sequence.instances.size());
@@ -178,6 +166,8 @@ const Model::ActionBlueprint *ActionSequenceListModel::blueprintOf(const Model::
     return instance.blueprint == builtIn.uid ? &builtIn : nullptr;
 }
 
+// An instance lacks what its blueprint exposes only while the built-in one stands in for one that is still to come.
+// Such a property could not be set, so it is not shown.
 QVariantList ActionSequenceListModel::propertiesOf(const Model::ActionBlueprintInstance &instance) const
 {
     QVariantList list;
@@ -185,7 +175,7 @@ QVariantList ActionSequenceListModel::propertiesOf(const Model::ActionBlueprintI
     if (!blueprint)
         return list;
     for (const auto &exposed : blueprint->getExposedProperties()) {
-        const auto *own = ownOf(instance, exposed);
+        const auto *own = instance.property(exposed.globalID());
         if (!own)
             continue;
         const auto *property = blueprint->property(exposed.globalID());
@@ -206,7 +196,7 @@ QVariantList ActionSequenceListModel::valuesOf(const Model::ActionBlueprintInsta
     if (!blueprint)
         return list;
     for (const auto &exposed : blueprint->getExposedProperties()) {
-        const auto *own = ownOf(instance, exposed);
+        const auto *own = instance.property(exposed.globalID());
         if (!own)
             continue;
         const auto *property = blueprint->property(exposed.globalID());

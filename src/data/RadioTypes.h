@@ -3,7 +3,7 @@
 
 #include <QObject>
 
-// The kinds of radio that forms offer. QML knows the enumeration as "RadioType" of module radio.
+// The kinds of radio that forms offer. QML knows them as members of "Radio" of module radio.
 // Not the numbers of the link: those are Model::RadioStatus::DeviceType.
 class Radio
 {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/ProgramFixture.h"
 
-#include "support/KeptScene.h"
-
 namespace {
 
 constexpr int patienceMs = 20000;
@@ -24,7 +22,6 @@ ProgramFixture::~ProgramFixture()
 
 bool ProgramFixture::startProgram(int width, int height)
 {
-    keepScene();
     m_manager = std::make_unique<FrontendManager>(QCoreApplication::applicationDirPath(), QStringList());
     m_driver = std::make_unique<Driver>(*m_manager);
     if (!m_driver->window())

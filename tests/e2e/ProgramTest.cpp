@@ -4,7 +4,6 @@
 #include "e2e/SiteProcess.h"
 #include "link/AbstractBackendCommunicator.h"
 #include "shell/FrontendManager.h"
-#include "support/KeptScene.h"
 #include "support/TestBase.h"
 #include "tour/Driver.h"
 
@@ -93,7 +92,6 @@ void ProgramTest::initTestCase()
     QVERIFY(m_site.start());
     QVERIFY(
         saveConnection(QStringLiteral("Проверка"), m_site.address(), QStringLiteral("admin"), QStringLiteral("admin")));
-    keepScene();
     m_manager = std::make_unique<FrontendManager>(QCoreApplication::applicationDirPath(), QStringList());
     m_driver = std::make_unique<Driver>(*m_manager);
     QVERIFY(m_driver->window());

@@ -16,7 +16,6 @@
 #include "schedules/SchedulePointsListModel.h"
 #include "shell/ColorTheme.h"
 #include "shell/IconSet.h"
-#include "support/KeptScene.h"
 #include "support/TestBase.h"
 
 #include <QElapsedTimer>
@@ -106,7 +105,6 @@ void collect(QQuickItem *item, const std::function<bool(QQuickItem *)> &wanted, 
 Stage::Stage(Storage storage)
 {
     current = this;
-    keepScene();
     qputenv("QML_XHR_ALLOW_FILE_READ", "1"); // as the program does
     registerTypes();
     if (storage == Storage::Open) {

@@ -75,7 +75,7 @@ FocusScope {
                         id: entry
 
                         objectName: "sidebarEntry_" + model.link
-                                    highlighted: nav.currentLink === model.link
+                        highlighted: nav.currentLink === model.link
                         icon.source: root.sidebar.iconUrl(model.icon)
                         icon.color: highlighted ? "white" : "#b0bec5"
                         text: qsTranslate("LeftSidebar", model.text)
