@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "PublishedDocuments.h"
 #include "TestLink.h"
+#include "support/JsonLeaks.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -367,6 +368,7 @@ void PublicationMutationTest::deepDocumentIsSurvived_data()
 
 void PublicationMutationTest::deepDocumentIsSurvived()
 {
+    const JsonLeaks uncounted;
     QFETCH(int, index);
     allowMessages(unknownType);
     const auto entity = entityOf(at(index));
@@ -399,6 +401,7 @@ void PublicationMutationTest::spoiltBytesAreSurvived_data()
 
 void PublicationMutationTest::spoiltBytesAreSurvived()
 {
+    const JsonLeaks uncounted;
     QFETCH(int, index);
     allowMessages(unknownType);
     std::mt19937 random(static_cast<quint32>(index) + 1);
