@@ -26,6 +26,8 @@ bool ProgramFixture::startProgram(int width, int height)
     m_driver = std::make_unique<Driver>(*m_manager);
     if (!m_driver->window())
         return false;
+    // Another size that came into the first frame could crash the offscreen platform, which makes its context then.
+    m_driver->waitFor([this] { return m_driver->window()->isExposed(); }, patienceMs);
     m_driver->resize(width, height);
     return true;
 }

@@ -95,6 +95,7 @@ void ProgramTest::initTestCase()
     m_manager = std::make_unique<FrontendManager>(QCoreApplication::applicationDirPath(), QStringList());
     m_driver = std::make_unique<Driver>(*m_manager);
     QVERIFY(m_driver->window());
+    QVERIFY(m_driver->waitFor([this] { return m_driver->window()->isExposed(); }, 20000));
     m_driver->resize(1280, 800);
 }
 

@@ -132,7 +132,6 @@ QVariant Driver::evaluate(const QString &expression) const
 
 void Driver::resize(int width, int height)
 {
-    waitFor([this] { return m_window->isExposed(); }); // with its first frame, into which no other size may come
     m_window->setVisibility(QWindow::Windowed);
     m_window->resize(width, height);
     waitFor([this, width, height] { return m_window->width() == width && m_window->height() == height; });

@@ -83,9 +83,9 @@ ColumnLayout {
             Layout.fillWidth: true
             Layout.minimumHeight: 48
             checked: root.layouts.indexOf(modelData) >= 0
-            font.family: modelData === "hi_IN" ? devanagariFont.name : Qt.application.font.family
             text: root.nameOf(modelData)
             onToggled: root.choose(modelData, checked)
+            Component.onCompleted: if (modelData === "hi_IN") font.family = devanagariFont.name
         }
     }
 }
