@@ -9,6 +9,7 @@
 
 #include <QDebug>
 #include <QThread>
+#include <utility>
 
 namespace {
 
@@ -340,23 +341,22 @@ void AbstractBackendCommunicator::abortAllRequests()
 // Discard callbacks run when the lock is released and requests are taken again, so they may send.
 void AbstractBackendCommunicator::dropReplyHandles()
 {
-    QHash<QByteArray, std::shared_ptr<BackendReplyHandler>> dropped;
-    QMutexLocker locker(&m_requestMutex);
-    m_replyHandles.swap(dropped);
-    m_aborting = m_shutDown;
-    locker.unlock();
+    takeReplyHandles(m_shutDown);
 }
 
-// What discard callbacks have asked for on a connection that has ended since. They are refused what they ask for now.
+// The requests that discard callbacks have made on a connection that has ended since. Further ones are refused.
 void AbstractBackendCommunicator::dropLateReplyHandles()
 {
-    QHash<QByteArray, std::shared_ptr<BackendReplyHandler>> dropped;
-    QMutexLocker locker(&m_requestMutex);
-    m_replyHandles.swap(dropped);
-    m_aborting = true;
-    locker.unlock();
-    dropped.clear();
+    takeReplyHandles(true).clear();
     m_aborting = m_shutDown;
+}
+
+// They discard themselves where the caller lets go of them, outside the lock.
+AbstractBackendCommunicator::ReplyHandles AbstractBackendCommunicator::takeReplyHandles(bool aborting)
+{
+    const QMutexLocker locker(&m_requestMutex);
+    m_aborting = aborting;
+    return std::exchange(m_replyHandles, {});
 }
 
 boost::optional<AbstractBackendCommunicator::ParsedMessage>

@@ -262,9 +262,12 @@ protected:
     void shutDown();
 
 private:
+    using ReplyHandles = QHash<QByteArray, std::shared_ptr<BackendReplyHandler>>;
+
     void createSockets();
     void dropReplyHandles();
     void dropLateReplyHandles();
+    ReplyHandles takeReplyHandles(bool aborting);
     void onPingTick();
     void onPollTick();
     void onPublicationsLost();
@@ -284,7 +287,7 @@ private:
     std::unique_ptr<nzmqt::PollingZMQContext> m_subscriberContext;
     std::unique_ptr<nzmqt::ZMQSocket> m_subscriberSocket;
     QStringList m_subscribedTopics;
-    QHash<QByteArray, std::shared_ptr<BackendReplyHandler>> m_replyHandles;
+    ReplyHandles m_replyHandles;
     QTimer m_replyTimeoutTimer;
     QMutex m_requestMutex; // over sending and the swap of the reply handles
     QTimer m_pingTimer;
