@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qml/Stage.h"
+#include "support/NextFrame.h"
 #include "support/TestBase.h"
 
 #include <QtNumeric>
@@ -219,9 +220,7 @@ private slots:
                 .move(0, QPoint(150 - 10 * step, 150) + moved, window)
                 .move(1, QPoint(250 + 10 * step, 150) + moved, window);
             // Moves are gathered until the next frame.
-            QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
-            window->update();
-            QVERIFY(swapped.wait(patience));
+            QVERIFY(nextFrame(window, patience));
             middles.push_back((this->offset(area) + QPointF(200, 150) + moved) / size(area).width());
         }
         QTest::touchEvent(window, device)
@@ -247,9 +246,7 @@ private slots:
         QTest::touchEvent(window, device).press(0, QPoint(300, 200), window);
         for (int step = 1; step <= 10; ++step) {
             QTest::touchEvent(window, device).move(0, QPoint(300 - 10 * step, 200), window);
-            QSignalSpy swapped(window, &QQuickWindow::frameSwapped);
-            window->update();
-            QVERIFY(swapped.wait(patience));
+            QVERIFY(nextFrame(window, patience));
         }
         QTest::touchEvent(window, device).release(0, QPoint(200, 200), window);
 

@@ -3,6 +3,7 @@
 
 #include "link/AbstractBackendCommunicator.h"
 #include "shell/FrontendManager.h"
+#include "support/NextFrame.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -199,11 +200,8 @@ bool Driver::isPopupMoving() const
 QImage Driver::picture()
 {
     // Two frames: what changed just now is on screen after the second.
-    for (int frame = 0; frame < 2; ++frame) {
-        QSignalSpy swapped(m_window, &QQuickWindow::frameSwapped);
-        m_window->update();
-        swapped.wait(1000);
-    }
+    for (int frame = 0; frame < 2; ++frame)
+        nextFrame(m_window, 1000);
     return m_window->grabWindow();
 }
 
