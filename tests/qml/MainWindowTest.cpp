@@ -107,6 +107,32 @@ private slots:
         QTRY_VERIFY(stage.has("autoModeButton"));
     }
 
+    void barOfBrightnessStandsBesideTheSidebar()
+    {
+        Stage stage;
+        stage.connections.add("Дом", "127.0.0.1", "admin", "");
+        stage.showMain();
+        stage.link.logIn("admin", "admin");
+        stage.publishSite(2);
+        QTRY_VERIFY(stage.tile(11));
+        QTRY_VERIFY(stage.item("shopScreen")->property("loaded").toBool());
+        stage.settle();
+        stage.click(stage.tile(11));
+        QTRY_VERIFY(stage.has("autoModeButton"));
+        const auto placeOfBar = [&] {
+            auto *bar = stage.item("brightnessControl");
+            return bar->mapRectToScene(bar->boundingRect());
+        };
+
+        QTRY_COMPARE(placeOfBar(), QRectF(100, 800 - 86, 1180, 86));
+        stage.resize({420, 800});
+        QTRY_COMPARE(placeOfBar(), QRectF(0, 800 - 110, 420, 110));
+        stage.resize({1280, 800});
+        QTRY_COMPARE(placeOfBar(), QRectF(100, 800 - 86, 1180, 86));
+        stage.click("exitButton"); // at the foot of the sidebar
+        QTRY_VERIFY(stage.object("confirmationDialog")->property("opened").toBool());
+    }
+
     void theKeyboardGoesWithTheScreen()
     {
         Stage stage;

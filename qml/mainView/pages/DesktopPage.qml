@@ -382,7 +382,8 @@ FL.Page {
 
         objectName: "brightnessBar"
         edge: Qt.BottomEdge
-        width: parent.width
+        x: parent.width - width // beside the sidebar
+        width: root.width
         height: brightness.implicitHeight
         topPadding: 0
         modal: false
