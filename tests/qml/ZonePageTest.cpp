@@ -78,6 +78,52 @@ private slots:
         QVERIFY(stage.has("emptyZone"));
     }
 
+    // The tab of the zone on show is whole in sight, however wide the texts before it are.
+    void theTabOfTheZoneIsInSight_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<int>("current");
+
+        QStringList same;
+        for (int i = 10; i < 22; ++i)
+            same << QStringLiteral("Зона %1, у дальней стены").arg(i);
+        QTest::newRow("first") << same << 0;
+        QTest::newRow("amid") << same << 6;
+        QTest::newRow("last") << same << 11;
+        QTest::newRow("short ones before it")
+            << QStringList{"А", "Б", "В", "Г", "Д", "Е", "Ж", "Кладовая за холодильной камерой"} << 7;
+        QTest::newRow("all fit where the window is wide")
+            << QStringList{"А", "Б", "В", "Г", "Д", "Е", "Холодильная камера", "Электрощитовая"} << 7;
+    }
+    void theTabOfTheZoneIsInSight()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(int, current);
+        Stage stage;
+        auto *page = show(stage);
+        std::vector<Model::Zone> zones;
+        for (const auto &name : names)
+            zones.push_back(zone(101 + static_cast<uint>(zones.size()), name, 1));
+        stage.link.publishZones(zones);
+        page->setProperty("uid", text(101 + static_cast<uint>(current)));
+        const auto isInSight = [&] {
+            const auto *tab = stage.item(QStringLiteral("zoneTab%1").arg(current));
+            if (!tab || !tab->property("checked").toBool())
+                return false;
+            const auto place = tab->mapRectToScene(tab->boundingRect());
+            return place.width() > 100 && place.left() > -1 && place.right() < stage.window()->width() + 1;
+        };
+
+        QTRY_VERIFY(isInSight());
+        stage.resize({420, 600});
+        QTRY_VERIFY(isInSight());
+        stage.settle();
+        QVERIFY(isInSight());
+        stage.resize({800, 600});
+        stage.settle();
+        QVERIFY(isInSight());
+    }
+
     void followsTheListOfZones()
     {
         Stage stage;

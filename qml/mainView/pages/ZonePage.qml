@@ -26,7 +26,8 @@ FL.Page {
 
     function follow() {
         tabs.currentIndex = tabOf(uid)
-        if (tabs.currentIndex >= 0)
+        // Twice: the end of the list is a guess from the tabs in sight until the one at that end is among them.
+        for (var i = 0; i < 2 && tabs.currentIndex >= 0; ++i)
             tabs.positionViewAtIndex(tabs.currentIndex, ListView.Contain)
     }
 
