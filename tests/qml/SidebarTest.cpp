@@ -83,7 +83,7 @@ private slots:
         stage.showMain({960, 600});
         QVERIFY(!stage.object("leftSidebar")->property("mobileAspect").toBool());
         QTRY_COMPARE(stage.object("leftSidebar")->property("position").toReal(), 1.0);
-        QCOMPARE(stage.object("leftSidebar")->property("width").toReal(), 100.0);
+        QTRY_COMPARE(stage.object("leftSidebar")->property("width").toReal(), 100.0);
         QTRY_COMPARE(stage.item("pageStack")->mapToScene({}).x(), 100.0);
         QVERIFY(!stage.has("leftAction"));
 
