@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "link/document/Response.h"
+#include "document/ExactResponse.h"
 #include "model/JsonTexts.h"
 #include "support/TestBase.h"
+
+#include <QJsonDocument>
 
 using JsonAPI::Entity;
 using JsonAPI::Response;
@@ -40,6 +43,8 @@ private slots:
     void readsIncluded();
     void unreadableTextIsAnEmptyReply_data();
     void unreadableTextIsAnEmptyReply();
+    void readsATextAsItsVariant_data();
+    void readsATextAsItsVariant();
     void readsALongList();
     void writesOneEntityAsAnObject();
     void writesAListAsAnArray();
@@ -212,6 +217,57 @@ void ResponseTest::unreadableTextIsAnEmptyReply()
     QVERIFY(response.errors.isEmpty());
     QVERIFY(response.included.isEmpty());
     QCOMPARE(response.serverVersion, ownVersion);
+}
+
+void ResponseTest::readsATextAsItsVariant_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("entities");
+
+    QTest::newRow("numbers") << QByteArray(R"({"data": [{"attributes": {"a": 1, "b": 1.0, "c": 1.5, "d": -0.0,
+        "e": 9007199254740993, "f": 1e300, "g": 123456789012345678901}}]})")
+                             << 1;
+    QTest::newRow("values of all types") << QByteArray(R"({"data": [{"attributes": {"a": null, "b": true, "c": "",
+        "d": [], "e": {}, "f": [1, "x", [null]], "g": {"h": {"i": [{}]}}}}]})")
+                                         << 1;
+    QTest::newRow("odd types and ids") << QByteArray(R"({"data": [{"type": 1, "id": 2}, {"type": 1.5, "id": true},
+        {"type": null, "id": []}, {"type": {}, "id": ""}, {"type": ["zone"], "id": 9007199254740993}, {}]})")
+                                       << 6;
+    QTest::newRow("odd attributes") << QByteArray(R"({"data": [{"attributes": []}, {"attributes": "x"},
+        {"attributes": null}, {"attributes": 1}, {"attributes": [["a", 1]]}, {"attributes": {"": 1}}]})")
+                                    << 6;
+    QTest::newRow("relations") << QByteArray(R"({"data": [{"relationships": {"zones": {"data": [
+        {"type": "zone", "id": "1", "meta": {"a": 1}}, {"type": "zone", "id": 2}, 3]}, "parts": {"data": []}}},
+        {"relationships": []}, {"relationships": null}, {"relationships": {"zones": []}},
+        {"relationships": {"zones": {"data": {"id": "1"}}}}]})")
+                               << 5;
+    QTest::newRow("keys that stand twice") << QByteArray(R"({"data": [{"id": "1", "id": "2",
+        "attributes": {"a": 1, "a": 2}}], "data": [{"id": "3"}, {"id": "4"}]})")
+                                           << 2;
+    QTest::newRow("no entities") << QByteArray(R"({"data": [1, null, "x", [{"id": "1"}]]})") << 4;
+    QTest::newRow("errors") << QByteArray(R"({"errors": [{"code": "a"}], "data": [{"id": "1"}],
+        "included": [{"id": "2"}], "server_version": "4.3.0"})")
+                            << 0;
+    QTest::newRow("all that there is") << QByteArray(R"({"errors": [], "data": [{"type": "zone", "id": "1"}],
+        "included": [{"type": "zone", "id": "2"}], "server_version": "4.3.0", "more": [1]})")
+                                       << 1;
+    QTest::newRow("one") << QByteArray(R"({"data": {"id": "1", "attributes": {"a": 1}}, "included": [{"id": "2"}]})")
+                         << 1;
+    QTest::newRow("a list") << QByteArray(R"([{"data": [{"id": "1"}]}])") << 0;
+    QTest::newRow("other letters") << QByteArray(R"({"data": [{"id": "\u0000я\ud83d\ude00", "attributes":
+        {"имя": "Холл \"А\"\n"}}]})")
+                                   << 1;
+}
+
+// Entities are read from the document itself, as if its variant were read.
+void ResponseTest::readsATextAsItsVariant()
+{
+    QFETCH(QByteArray, text);
+
+    const auto response = Response::fromByteArray(text);
+
+    QTEST(static_cast<int>(response.data.size()), "entities");
+    QCOMPARE(exactBytes(response), exactBytes(Response::fromVariant(QJsonDocument::fromJson(text).toVariant())));
 }
 
 void ResponseTest::readsALongList()

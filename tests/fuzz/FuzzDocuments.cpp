@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A JSON body as reply, publication and request, and its entities as every kind of record.
+#include "document/ExactResponse.h"
 #include "fuzz/Fuzz.h"
 #include "link/document/Request.h"
 #include "link/document/Response.h"
@@ -42,6 +43,12 @@ QVariant parsed(const QByteArray &json)
 {
     __lsan::ScopedDisabler disabler;
     return QJsonDocument::fromJson(json).toVariant();
+}
+
+JsonAPI::Response replyIn(const QByteArray &json)
+{
+    __lsan::ScopedDisabler disabler;
+    return JsonAPI::Response::fromByteArray(json);
 }
 
 // Written and read again, a record stays what it was.
@@ -126,6 +133,7 @@ void Fuzz::fuzzOne(const QByteArray &input)
 {
     const auto document = parsed(input);
     const auto response = JsonAPI::Response::fromVariant(document);
+    require(exactBytes(response) == exactBytes(replyIn(input)), "a text reads as its variant");
     readReply(response);
     readRequest(document);
     const auto fast = JsonAPI::DeviceStatesReader::read(input);

@@ -17,6 +17,16 @@ Entity::Entity(const QVariant &map)
     attributes = fields.value("attributes").toMap();
 }
 
+Entity::Entity(const QJsonObject &object)
+    : type(object.value(QLatin1String("type")).toVariant().toString())
+    , id(object.value(QLatin1String("id")).toVariant().toString())
+    , attributes(object.value(QLatin1String("attributes")).toObject().toVariantMap())
+{
+    const auto relations = object.value(QLatin1String("relationships"));
+    if (relations.isObject())
+        relationships = Relationships(QVariantMap{{"relationships", relations.toVariant()}});
+}
+
 void Entity::setAttribute(const QString &key, const QVariant &value)
 {
     attributes.insert(key, value);

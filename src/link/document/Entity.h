@@ -3,6 +3,7 @@
 
 #include "link/document/Relationships.h"
 
+#include <QJsonObject>
 #include <QString>
 #include <QVariant>
 #include <QVariantMap>
@@ -16,6 +17,7 @@ struct Entity
     Entity() = default;
     Entity(const QString &type, const QString &id);
     explicit Entity(const QVariant &map); // missing keys leave empty fields
+    explicit Entity(const QJsonObject &object); // as from the variant of it, which need not be made
 
     QString type;
     QString id; // for records with a uid its text with braces

@@ -3,6 +3,7 @@
 
 #include "shell/Version.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QVariantMap>
 
@@ -65,9 +66,23 @@ Response Response::Prepared::accessDenied()
     return error("access_denied_error", QStringLiteral("У пользователя нет привилегий для доступа к ресурсу"));
 }
 
+// A list is long: its entities are read from the document itself, without a variant of the whole between.
 Response Response::fromByteArray(const QByteArray &bytes)
 {
-    return fromVariant(QJsonDocument::fromJson(bytes).toVariant());
+    auto document = QJsonDocument::fromJson(bytes).object();
+    const auto data = document.value(QLatin1String("data"));
+    if (!data.isArray())
+        return fromVariant(document.toVariantMap());
+
+    document.remove(QStringLiteral("data"));
+    auto response = fromVariant(document.toVariantMap());
+    if (!response.errors.isEmpty())
+        return response;
+    const auto entities = data.toArray();
+    response.data.reserve(static_cast<size_t>(entities.size()));
+    for (const auto &entity : entities)
+        response.data.emplace_back(entity.toObject());
+    return response;
 }
 
 Response Response::fromVariant(const QVariant &variant)
