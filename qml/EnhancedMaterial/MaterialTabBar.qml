@@ -11,7 +11,14 @@ QC2.TabBar {
 
     signal removePressed(int index) // of a removable tab
 
+    function showCurrent() {
+        // Twice: the end of the list is a guess from the tabs in sight until the one at that end is among them.
+        for (var i = 0; i < 2 && currentIndex >= 0; ++i)
+            contentItem.positionViewAtIndex(currentIndex, ListView.Contain)
+    }
+
     spacing: 0
     Material.background: "transparent"
     Material.elevation: 0
+    onWidthChanged: Qt.callLater(showCurrent)
 }

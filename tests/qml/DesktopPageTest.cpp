@@ -48,6 +48,42 @@ private slots:
         QCOMPARE(currentTab(stage), 0);
     }
 
+    void theTabOfThePartIsInSight_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::addColumn<int>("current");
+
+        const QStringList names{"А", "Б", "В", "Г", "Д", "Е", "Ж", "Крытая парковка за атриумом"};
+        QTest::newRow("first") << names << 0;
+        QTest::newRow("amid") << names << 4;
+        QTest::newRow("last") << names << 7;
+    }
+    void theTabOfThePartIsInSight()
+    {
+        QFETCH(QStringList, names);
+        QFETCH(int, current);
+        Stage stage;
+        show(stage);
+        std::vector<Model::ShopPart> parts;
+        for (const auto &name : names)
+            parts.push_back(part(1 + static_cast<uint>(parts.size()), name));
+        stage.link.publishShopParts(parts);
+        QTRY_COMPARE(tabNames(stage), names);
+        stage.resize({1280, 600});
+        stage.click(QStringLiteral("partTab%1").arg(current));
+        const auto isInSight = [&] {
+            const auto *tab = stage.item(QStringLiteral("partTab%1").arg(current));
+            const auto place = tab->mapRectToScene(tab->boundingRect());
+            return currentTab(stage) == current && place.left() > -1 && place.right() < stage.window()->width() + 1;
+        };
+
+        QTRY_VERIFY(isInSight());
+        stage.resize({420, 600});
+        QTRY_VERIFY(isInSight());
+        stage.settle();
+        QVERIFY(isInSight());
+    }
+
     void aTabShowsItsPart()
     {
         Stage stage;

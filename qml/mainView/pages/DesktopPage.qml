@@ -195,11 +195,12 @@ FL.Page {
         onTriggered: root.store("shopScale", shop.shopScale)
     }
 
-    header: QC2.TabBar {
+    header: EM.TabBar {
         id: tabs
 
         objectName: "partsTabBar"
         visible: count > 0
+        fixed: false
         Material.background: "white"
         Accessible.name: qsTr("Объекты")
 
