@@ -455,6 +455,34 @@ private slots:
         QTRY_VERIFY(!stage.has("busyIndicator"));
     }
 
+    void thePartMayChangeWhileItsTilesAreMade()
+    {
+        Stage stage;
+        auto *screen = show(stage);
+        stage.publishSite(60);
+        QTRY_VERIFY(stage.tile(70));
+        stage.click(stage.tile(11));
+        QCOMPARE(selected(screen), QStringList{text(11)});
+
+        stage.link.enter(FakeCommunicator::Connecting);
+        stage.link.enter(FakeCommunicator::Connected);
+        QVERIFY(!screen->property("loaded").toBool());
+        screen->setProperty("uid", text(2));
+        stage.link.publishZones({zone(11, "А", 1), zone(12, "Б", 2)});
+        stage.link.enter(FakeCommunicator::Connecting);
+        screen->setProperty("uid", text(1));
+        stage.link.enter(FakeCommunicator::Connected);
+        screen->setProperty("uid", text(2));
+
+        QTRY_VERIFY(stage.tile(12));
+        QTRY_VERIFY(stage.has("zoomArea"));
+        stage.settle();
+        QVERIFY(!stage.tile(11));
+        QVERIFY(selected(screen).isEmpty());
+        stage.click(stage.tile(12));
+        QCOMPARE(selected(screen), QStringList{text(12)});
+    }
+
     void placesFromOutsideTheCanvasAreHarmless()
     {
         Stage stage;
