@@ -2,6 +2,7 @@
 #include "link/document/Response.h"
 #include "document/ExactResponse.h"
 #include "model/JsonTexts.h"
+#include "support/JsonLeaks.h"
 #include "support/TestBase.h"
 
 #include <QJsonDocument>
@@ -263,6 +264,7 @@ void ResponseTest::readsATextAsItsVariant_data()
 void ResponseTest::readsATextAsItsVariant()
 {
     QFETCH(QByteArray, text);
+    const JsonLeaks leaks;
 
     const auto response = Response::fromByteArray(text);
 
