@@ -207,10 +207,16 @@ void IndicatorsListModel::onIndicatorStatesUpdated(const std::vector<Model::Indi
 
 void IndicatorsListModel::onDeviceStatesUpdated(const std::vector<Model::DeviceState> &states)
 {
+    QSet<QUuid> shown; // few indicators show a device, and the list of states is the longest that comes
+    for (int row = 0; row < m_items.size(); ++row) {
+        if (const auto &value = m_items.at(row).indicator.displayValue)
+            shown.insert(value->device);
+    }
     QSet<QUuid> changed;
     for (const auto &state : states) {
         m_deviceStates.insert(state.uid, state);
-        changed.insert(state.uid);
+        if (shown.contains(state.uid))
+            changed.insert(state.uid);
     }
     for (int row = 0; row < m_items.size(); ++row) {
         auto &item = m_items.at(row);
