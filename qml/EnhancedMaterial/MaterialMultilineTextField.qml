@@ -61,7 +61,7 @@ FieldFrame {
             rightPadding: 12 // of the scroll bar
             topPadding: 0
             bottomPadding: root.bottomSpace - 2
-            background: null
+            background: Item {} // none would leave the one of the style, which comes with the Flickable
             selectByMouse: true
             wrapMode: TextEdit.Wrap
             textFormat: TextEdit.PlainText

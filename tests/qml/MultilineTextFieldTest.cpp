@@ -2,6 +2,8 @@
 #include "qml/Stage.h"
 #include "support/TestBase.h"
 
+#include <utility>
+
 class MultilineTextFieldTest : public TestBase
 {
     Q_OBJECT
@@ -16,7 +18,34 @@ private:
         return box ? box->childItems().value(0) : nullptr;
     }
 
+    // Rows of the picture that are painted at the right end of the field, one for what is painted without a gap.
+    static int paintedLines(const Stage &stage, QQuickItem *field)
+    {
+        const QImage picture = stage.window()->grabWindow();
+        const auto place = field->mapRectToScene(field->boundingRect()).toAlignedRect();
+        int lines = 0;
+        bool isPainted = false;
+        for (int y = place.top(); y <= place.bottom(); ++y) {
+            const bool wasPainted = std::exchange(isPainted, picture.pixelColor(place.right() - 20, y) != Qt::white);
+            lines += isPainted && !wasPainted ? 1 : 0;
+        }
+        return lines;
+    }
+
 private slots:
+    void hasOneLineUnderItsText()
+    {
+        Stage stage;
+        auto *field = show(stage, "text: \"a\\nb\"");
+        stage.window()->setColor(Qt::white);
+        stage.settle();
+
+        QCOMPARE(paintedLines(stage, field), 1);
+        field->forceActiveFocus();
+        stage.settle();
+        QCOMPARE(paintedLines(stage, field), 1);
+    }
+
     void growsWithItsLines()
     {
         Stage stage;
