@@ -290,6 +290,9 @@ private slots:
         QTRY_COMPARE(stage.text("snackbarText"), QString("Сохранено"));
         QCOMPARE(stage.language.getLocale(), QString("ru_RU"));
         QCOMPARE(stage.item("layoutBox_hi_IN")->property("text").toString(), QLocale("hi_IN").nativeLanguageName());
+        // Its letters are in a font of their own; the others are in the font of the program.
+        QCOMPARE(stage.item("layoutBox_hi_IN")->property("font").value<QFont>().family(), QString("Lohit Devanagari"));
+        QCOMPARE(stage.item("layoutBox_da_DK")->property("font").value<QFont>().family(), QString("Roboto"));
     }
 
     void theLanguageOfAnotherCountryStays()
